@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+
+namespace tavrin {
+
+/// The catalogue of all words the user sees, by number and language (texts/).
+class TextLibrary {
+ public:
+  TextLibrary() = default;
+  TextLibrary(const TextLibrary&) = delete;
+  TextLibrary& operator=(const TextLibrary&) = delete;
+  virtual ~TextLibrary() = default;
+
+  /// The wording in the code page; empty for a number or a language that the catalogue does not have.
+  /// `language` is a primary language code: 7 German, 9 English.
+  [[nodiscard]] virtual std::string LoadText(int number, int language) = 0;
+};
+
+}  // namespace tavrin

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tavrin {
+
+/// A path of the program (code page) as the system wants it (UTF-8), taken apart once.
+struct PosixPath {
+  explicit PosixPath(std::string_view path);
+
+  /// The folder as a path of its own: "." when the path has none.
+  [[nodiscard]] std::string FolderToOpen() const { return folder.empty() ? "." : folder; }
+
+  bool valid;          ///< false: holds a NUL, which would end the path early and make it another file's
+  std::string whole;   ///< UTF-8
+  std::string folder;  ///< UTF-8, up to the last separator, which belongs to it; empty without one
+  std::string name;    ///< last piece, in the code page
+};
+
+/// Finds the file that a path stands for.
+class PosixPathFinder {
+ public:
+  /// A system call on a path: negative, with errno, for a failure.
+  using Act = std::function<int(const char*)>;
+
+  /// Acts on the path or, when there is no such entry, on the entry that differs from it only in case: the first one
+  /// in byte order, so that the answer does not hang on the order in which a disk lists them.
+  int OnExisting(const PosixPath& path, const Act& act);
+
+ private:
+  [[nodiscard]] std::optional<std::string> InOtherCase(const PosixPath& path) const;
+
+  // What the last search has found. A program uses a file several times in a row, and a search reads the directory.
+  std::string asked_;
+  std::string found_;
+};
+
+}  // namespace tavrin
