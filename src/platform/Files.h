@@ -13,10 +13,10 @@ inline constexpr char kPathSeparator = '/';
 
 /// Tells one content of a file from a later one: any change of the file changes the stamp.
 struct FileStamp {
-  std::uint64_t size = 0;         ///< bytes
-  std::int64_t modified = 0;      ///< last change, nanoseconds since 1970 UTC
-  std::int64_t statusChanged = 0; ///< last change of content or attributes, nanoseconds since 1970 UTC
-  std::uint64_t identity = 0;     ///< number of the file on its disk
+  std::uint64_t size = 0;          ///< bytes
+  std::int64_t modified = 0;       ///< last change, nanoseconds since 1970 UTC
+  std::int64_t statusChanged = 0;  ///< last change of content or attributes, nanoseconds since 1970 UTC
+  std::uint64_t identity = 0;      ///< number of the file on its disk
 
   friend bool operator==(const FileStamp&, const FileStamp&) = default;
 };

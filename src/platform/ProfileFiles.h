@@ -45,8 +45,7 @@ class ProfileFiles {
 
   /// Copies the lines of a section without comments and empty lines, in the form of GetSectionNames.
   /// @return bytes copied without the last closing NUL
-  [[nodiscard]] virtual std::size_t GetSection(OptionalText section, std::span<char> buffer,
-                                               std::string_view file) = 0;
+  [[nodiscard]] virtual std::size_t GetSection(OptionalText section, std::span<char> buffer, std::string_view file) = 0;
 
   /// Changes a value, or adds it directly behind the last key of its section, or adds section and key at the end of
   /// the file, which is made when it is missing. Without `value` the key is removed, without `key` the section. All

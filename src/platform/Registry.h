@@ -16,8 +16,7 @@ class Registry {
 
   /// A text value below HKEY_LOCAL_MACHINE; nothing when key or value is missing or cannot be read.
   /// `keyPath` has its pieces joined by backslashes, e.g. "System\CurrentControlSet\Services\Name".
-  [[nodiscard]] virtual std::optional<std::string> QueryText(std::string_view keyPath,
-                                                             std::string_view valueName) = 0;
+  [[nodiscard]] virtual std::optional<std::string> QueryText(std::string_view keyPath, std::string_view valueName) = 0;
 };
 
 }  // namespace tavrin

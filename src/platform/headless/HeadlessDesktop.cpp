@@ -4,6 +4,10 @@
 
 namespace tavrin {
 
+void HeadlessDesktop::ShowBox(std::string_view text) {
+  if (boxes_.size() < kMost) boxes_.emplace_back(text);
+}
+
 bool HeadlessDesktop::AskYesNo(std::string_view text) {
   questions_.emplace_back(text);
   if (answers_.empty()) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <deque>
 #include <string>
 #include <string_view>
@@ -13,7 +14,9 @@ namespace tavrin {
 /// without an answer is answered with No and recorded, so that it can be reported and never blocks.
 class HeadlessDesktop : public Desktop {
  public:
-  void ShowBox(std::string_view text) override { boxes_.emplace_back(text); }
+  /// Beyond kMost boxes nothing is recorded any more: a damaged file must not take memory without bound.
+  void ShowBox(std::string_view text) override;
+  static constexpr std::size_t kMost = 10'000'000;
   [[nodiscard]] bool AskYesNo(std::string_view text) override;
 
   /// Answers one further question, in the order of the calls.

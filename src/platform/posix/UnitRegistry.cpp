@@ -11,9 +11,9 @@ namespace {
 
 constexpr std::string_view kServices = "System\\CurrentControlSet\\Services\\";
 // Directories of units in the order in which systemd prefers them.
-constexpr std::array<std::string_view, 5> kUnitDirectories{
-    "/etc/systemd/system/", "/run/systemd/system/", "/usr/local/lib/systemd/system/", "/usr/lib/systemd/system/",
-    "/lib/systemd/system/"};
+constexpr std::array<std::string_view, 5> kUnitDirectories{"/etc/systemd/system/", "/run/systemd/system/",
+                                                           "/usr/local/lib/systemd/system/", "/usr/lib/systemd/system/",
+                                                           "/lib/systemd/system/"};
 constexpr std::string_view kDescription = "Description=";
 
 std::optional<std::string> DescriptionIn(std::string_view unit) {
