@@ -1,0 +1,12 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace tavrin {
+
+/// The catalogue text of a number in the current language, up to its first NUL; empty when the number is unknown or
+/// the lookup fails. Never throws and never shows anything.
+[[nodiscard]] std::string ResText(std::int32_t number);
+
+}  // namespace tavrin
