@@ -1,0 +1,118 @@
+#include "app/ctl/Commands.h"
+
+#include <cstdio>
+#include <optional>
+
+#include <fmt/core.h>
+
+#include "app/ctl/PlainText.h"
+#include "app/ctl/ProjectJson.h"
+#include "model/ProjectLoad.h"
+#include "model/cOPC.h"
+#include "model/shared/Messages.h"
+#include "model/shared/cWarnings.h"
+#include "platform/CodePage.h"
+#include "platform/RuntimeError.h"
+
+namespace tavrin {
+
+namespace {
+
+ExitStatus NotRun(const std::string& message) {
+  fmt::print(stderr, "tavrinctl: {}\n", message);
+  return ExitStatus::NotRun;
+}
+
+/// The path in the code page, or nothing after telling why it cannot be one.
+std::optional<std::string> ModelPath(const std::string& utf8) {
+  auto path = FromUtf8(utf8);
+  if (!path) NotRun(utf8 + ": the path has characters that the code page of project files does not have");
+  return path;
+}
+
+std::string WithDirectory(const std::string& path) {
+  return path.find(kPathSeparator) == std::string::npos ? std::string(".") + kPathSeparator + path : path;
+}
+
+/// Why a file cannot be read; nothing when it can.
+std::optional<std::string> WhyUnreadable(Files& files, const std::string& path) {
+  const auto status = files.Status(path);
+  if (!status) return ToUtf8(TextAnd(201, path));
+  if (status->directory) return ToUtf8(path) + ": this is a directory, a project file is wanted";
+  try {
+    static_cast<void>(files.ReadAll(path));
+  } catch (const RuntimeError& error) {
+    return fmt::format("{}: cannot be read ({}): no right to read it, or not a plain file", ToUtf8(path),
+                       error.Description());
+  }
+  return std::nullopt;
+}
+
+/// Loads the project as the editor's open command does. Nothing after telling why it cannot be loaded at all.
+std::optional<Outcome> Load(Host& host, const std::string& file) {
+  auto path = ModelPath(file);
+  if (!path) return std::nullopt;
+  *path = WithDirectory(*path);
+  if (const auto reason = WhyUnreadable(host.PlainFiles(), *path)) {
+    NotRun(*reason);
+    return std::nullopt;
+  }
+  Outcome outcome;
+  outcome.bOK = LoadProject(*path);
+  outcome.boxes = host.Desktop().TakeBoxes();
+  return outcome;
+}
+
+/// True when the directory, under whatever name, is the one that the open project was read from.
+bool IsProjectDirectory(Files& files, const std::string& directory) {
+  const auto own = files.Status(modMain::globals.gszProjectDir);
+  const auto other = files.Status(directory);
+  return own && other && own->stamp.identity == other->stamp.identity;
+}
+
+ExitStatus StatusFor(const cWarnings& warnings) {
+  return warnings.Count() == 0 ? ExitStatus::Clean : ExitStatus::Warnings;
+}
+
+}  // namespace
+
+ExitStatus ShowProject(Host& host, const std::string& file) {
+  const auto outcome = Load(host, file);
+  if (!outcome) return ExitStatus::NotRun;
+  PrintLoadedProject(*outcome, stdout);
+  return StatusFor(modMain::ReadWarnings());
+}
+
+ExitStatus CheckProject(Host& host, const std::string& file) {
+  const auto outcome = Load(host, file);
+  if (!outcome) return ExitStatus::NotRun;
+  for (const cWarning& warning : modMain::ReadWarnings()) {
+    PrintLine(stdout, {warning.szType(), warning.szFileName(), warning.szText()});
+  }
+  for (const std::string& box : outcome->boxes) PrintLine(stderr, {"tavrinctl: message:", box});
+  return StatusFor(modMain::ReadWarnings());
+}
+
+ExitStatus ResaveProject(Host& host, const std::string& file, const std::string& directory) {
+  auto path = ModelPath(directory);
+  if (!path) return ExitStatus::NotRun;
+  const auto status = host.PlainFiles().Status(*path);
+  if (!status || !status->directory) {
+    return NotRun(directory + (status ? ": is no directory" : ": there is no such directory"));
+  }
+  const auto loaded = Load(host, file);
+  if (!loaded) return ExitStatus::NotRun;
+  if (modMain::globals.nTrappedErrors > 0 && IsProjectDirectory(host.PlainFiles(), *path)) {
+    for (const std::string& box : loaded->boxes) PrintLine(stderr, {"tavrinctl: message:", box});
+    return NotRun(directory + ": the project was not read to the end, so it is not written over itself");
+  }
+  if (path->back() != kPathSeparator) *path += kPathSeparator;
+  modMain::globals.gszProjectDir = *path;
+  Outcome outcome;
+  modMain::OpenProject().UpdateAll(false, outcome.bOK);
+  outcome.boxes = host.Desktop().TakeBoxes();
+  PrintSaved(outcome, stdout);
+  return StatusFor(modMain::WriteWarnings());
+}
+
+}  // namespace tavrin

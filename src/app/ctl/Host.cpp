@@ -1,0 +1,54 @@
+#include "app/ctl/Host.h"
+
+#include <array>
+#include <filesystem>
+
+#include "model/cOPC.h"
+#include "model/shared/NumberTexts.h"
+#include "model/shared/TextCatalogue.h"
+#include "model/shared/cWarnings.h"
+#include "platform/CodePage.h"
+
+namespace tavrin {
+
+namespace {
+
+constexpr std::int32_t kGerman = 7;
+constexpr std::int32_t kEnglish = 9;
+
+std::string InCodePage(const std::string& utf8) { return FromUtf8(utf8).value_or(utf8); }
+
+/// Project files may be in another page than the default one; Tavrin.INI names it. An unknown page changes nothing.
+/// @return the directory in the page that is now in use
+std::string UseConfiguredCodePage(ProfileFiles& profiles, const std::string& directory) {
+  std::array<char, 16> number{};
+  const std::size_t count = profiles.GetString("Editor", "CodePage", "", number, InCodePage(directory) + "Tavrin.INI");
+  if (const auto page = MakeCodePage({number.data(), count})) UseCodePage(*page);
+  return InCodePage(directory);
+}
+
+std::unique_ptr<TextLibrary> MakeTexts(Wording wording, Files& files, const std::string& directory) {
+  if (wording == Wording::Numbers) return std::make_unique<NumberTexts>();
+  return std::make_unique<TextCatalogue>(files, directory + "texts" + kPathSeparator);
+}
+
+}  // namespace
+
+Host::Host(Wording wording, const std::string& applicationDirectory)
+    : directory_(UseConfiguredCodePage(files_, applicationDirectory)),
+      texts_(MakeTexts(wording, files_, directory_)),
+      services_{desktop_, files_, files_, registry_, *texts_, syntax_} {
+  modMain::globals = modMain::State{};
+  modMain::globals.services = &services_;
+  modMain::globals.gnLanguage = wording == Wording::German ? kGerman : kEnglish;
+}
+
+Host::~Host() { modMain::globals = modMain::State{}; }
+
+std::string ApplicationDirectory() {
+  std::error_code error;
+  const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+  return error ? std::string{} : program.parent_path().string() + kPathSeparator;
+}
+
+}  // namespace tavrin

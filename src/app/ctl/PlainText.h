@@ -1,0 +1,13 @@
+#pragma once
+
+#include <cstdio>
+#include <initializer_list>
+#include <string_view>
+
+namespace tavrin {
+
+/// Prints texts of the code page as one line of columns separated by tabs, in UTF-8. A control character from a file
+/// is printed as \xNN: it neither breaks the line nor reaches the terminal.
+void PrintLine(std::FILE* to, std::initializer_list<std::string_view> columns);
+
+}  // namespace tavrin
