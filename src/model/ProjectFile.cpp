@@ -60,8 +60,8 @@ bool StoreValue(const SettingMember<S>& member, const IniValue& value, S& settin
   return true;
 }
 
-void Warn(std::string file, std::string text, WarningKind kind = WarningKind::Opc) {
-  modMain::ReadWarnings().AddWarning(kind, std::move(file), std::move(text));
+void Warn(std::string_view file, std::string text, WarningKind kind = WarningKind::Opc) {
+  modMain::ReadWarnings().AddWarning(kind, file, std::move(text));
 }
 
 void ReadProtocol(cNetwork& network, const std::string& file, bool& bOK) {
