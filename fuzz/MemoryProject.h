@@ -8,10 +8,10 @@
 
 #include "MemoryFiles.h"
 #include "model/cOPC.h"
+#include "model/shared/LengthSyntax.h"
 #include "model/shared/NumberTexts.h"
 #include "model/shared/cWarnings.h"
 #include "model/shared/modMain.h"
-#include "model/tags/LengthSyntax.h"
 #include "platform/headless/HeadlessDesktop.h"
 #include "platform/profile/ProfiledFiles.h"
 

@@ -1,6 +1,5 @@
 #include "model/DeviceSection.h"
 
-#include <algorithm>
 #include <array>
 
 #include "model/Choices.h"
@@ -90,34 +89,23 @@ void ReadTagFile(KeyReader& reader, const KeyRow<S>& row, cDevice& device) {
   device.szTagFileName(*name);
 }
 
-const KeyRow<S>* RowOfRank(NetworkType type, int rank) {
-  const auto row = std::find_if(kKeys.begin(), kKeys.end(), [&](const KeyRow<S>& candidate) {
-    return candidate.type == type && candidate.readRank == rank;
-  });
-  return row == kKeys.end() ? nullptr : &*row;
-}
-
 }  // namespace
 
 void ReadDeviceKeys(DeviceSettings& settings, cDevice& device, const std::string& file, bool& bOK) {
   KeyReader reader(WarningKind::Device, settings.szFileName, settings.szDeviceName, file);
-  int rank = 1;
-  while (const KeyRow<S>* row = RowOfRank(NetworkType{settings.nDeviceType}, rank++)) {
-    if (row->form == KeyForm::TagFile) {
-      ReadTagFile(reader, *row, device);
+  ReadSection<S>(reader, kKeys, settings.nDeviceType, bOK, [&](const KeyRow<S>& row) {
+    if (row.form == KeyForm::TagFile) {
+      ReadTagFile(reader, row, device);
     } else {
-      ReadKey(reader, *row, settings);
+      ReadKey(reader, row, settings);
     }
-    bOK = bOK && !reader.Failed();
-  }
+  });
 }
 
 void WriteDeviceKeys(const DeviceSettings& settings, const cTags& tags, const std::string& file) {
-  for (const KeyRow<S>& row : kKeys) {
-    if (row.type != NetworkType{settings.nDeviceType}) continue;
-    const auto text = row.form == KeyForm::TagFile ? tags.szFileName() : KeyText(row, settings);
-    if (text) WriteIniValue(settings.szDeviceName, row.key, *text, file);
-  }
+  WriteSection<S>(settings.szDeviceName, file, kKeys, settings.nDeviceType, [&](const KeyRow<S>& row) {
+    return row.form == KeyForm::TagFile ? tags.szFileName() : KeyText(row, settings);
+  });
 }
 
 }  // namespace tavrin

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 #include <optional>
@@ -50,7 +51,7 @@ struct KeyRow {
   NetworkType type;  ///< network or device type that has the key
   std::string_view key;
   KeyForm form;
-  int readRank;  ///< place in the order of reading, from 1; 0 for a key that is never read
+  int readRank;  ///< place in the order of reading, from 1
   SettingMember<Settings> member{};
   KeyLimits limits{};
 };
@@ -146,6 +147,30 @@ template <class Settings>
     case KeyForm::TagFile: break;  // written by the one table that has it
   }
   return std::nullopt;
+}
+
+/// Hands the rows of a type to `readRow` in the order of reading. `bOK` turns false with the first failure.
+template <class Settings, class ReadRow>
+void ReadSection(const KeyReader& reader, std::span<const KeyRow<Settings>> rows, std::int32_t type, bool& bOK,
+                 const ReadRow& readRow) {
+  for (int rank = 1;; ++rank) {
+    const auto row = std::find_if(rows.begin(), rows.end(), [&](const KeyRow<Settings>& candidate) {
+      return candidate.type == NetworkType{type} && candidate.readRank == rank;
+    });
+    if (row == rows.end()) return;
+    readRow(*row);
+    bOK = bOK && !reader.Failed();
+  }
+}
+
+/// Writes the rows of a type that have a text, in their order. `file` is a full path.
+template <class Settings, class TextOf>
+void WriteSection(const std::string& section, const std::string& file, std::span<const KeyRow<Settings>> rows,
+                  std::int32_t type, const TextOf& textOf) {
+  for (const KeyRow<Settings>& row : rows) {
+    if (row.type != NetworkType{type}) continue;
+    if (const std::optional<std::string> text = textOf(row)) WriteIniValue(section, row.key, *text, file);
+  }
 }
 
 }  // namespace tavrin

@@ -63,23 +63,19 @@ void CheckOwnNumber(const KeyReader& reader, const KeyRow<S>& row, const S& sett
 
 void ReadNetworkKeys(NetworkSettings& settings, const std::string& file, bool& bOK) {
   KeyReader reader(WarningKind::Network, settings.szFileName, std::string(kGeneralSection), file);
-  for (const KeyRow<S>& row : kKeys) {
-    if (row.type != NetworkType{settings.nNetworkType}) continue;
+  ReadSection<S>(reader, kKeys, settings.nNetworkType, bOK, [&](const KeyRow<S>& row) {
     if (row.form == KeyForm::ComPort) {
       ReadComPort(reader, row, settings);
     } else {
       ReadKey(reader, row, settings);
     }
     if (row.member == SettingMember<S>(&S::nMPI_OwnMPINo)) CheckOwnNumber(reader, row, settings);
-    bOK = bOK && !reader.Failed();
-  }
+  });
 }
 
 void WriteNetworkKeys(const NetworkSettings& settings, const std::string& file) {
-  for (const KeyRow<S>& row : kKeys) {
-    if (row.type != NetworkType{settings.nNetworkType}) continue;
-    if (const auto text = KeyText(row, settings)) WriteIniValue(kGeneralSection, row.key, *text, file);
-  }
+  WriteSection<S>(std::string(kGeneralSection), file, kKeys, settings.nNetworkType,
+                  [&](const KeyRow<S>& row) { return KeyText(row, settings); });
 }
 
 }  // namespace tavrin

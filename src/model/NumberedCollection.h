@@ -48,6 +48,7 @@ class NumberedCollection {
     item->nID(GenerateNewKey());
     const std::string key = Key(item->nID());
     if (IndexOf(std::string_view(key)) != kNowhere) throw RuntimeError(ErrorNumber::KeyInUse);
+    items_.reserve(items_.size() + 1);  // so that nothing can fail between the two
     keys_.push_back(key);
     items_.push_back(std::move(item));
   } catch (...) {

@@ -13,8 +13,8 @@
 #include "model/shared/cWarnings.h"
 #include "model/shared/modFiles.h"
 #include "model/shared/modMain.h"
+#include "model/shared/modParser.h"
 #include "model/shared/modText.h"
-#include "model/tags/modParser.h"
 #include "platform/NumberText.h"
 
 namespace tavrin {

@@ -12,7 +12,7 @@
 #include "model/shared/cWarnings.h"
 #include "model/shared/modFiles.h"
 #include "model/shared/modMain.h"
-#include "model/tags/modParser.h"
+#include "model/shared/modParser.h"
 #include "platform/CodePage.h"
 #include "platform/NumberText.h"
 

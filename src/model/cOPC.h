@@ -56,9 +56,9 @@ class cOPC {
   /// The highest port of the MPI networks plus 1; 1 when there is none.
   [[nodiscard]] std::int32_t GetNewMPICOMPort() const;
 
-  /// Reads the project file and everything below it. Bad values become read warnings and never stop the load. Only
-  /// appends: meant for a fresh object. `bOK` false: the file is missing, or a key of General, a Protocol or a
-  /// Configuration is missing or bad.
+  /// Reads the project file and everything below it. Bad values become read warnings and do not stop the load; a number
+  /// beyond 32 bits ends it with a message. Only appends: meant for a fresh object. `bOK` false: the file is missing,
+  /// or a key of General, a Protocol or a Configuration is missing or bad.
   void Refresh(bool& bOK);
   /// Writes the project file anew. `bKeepDirty` true leaves the mark. `bOK` false only after an error.
   void Update(bool bKeepDirty, bool& bOK);

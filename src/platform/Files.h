@@ -16,6 +16,7 @@ struct FileStamp {
   std::uint64_t size = 0;          ///< bytes
   std::int64_t modified = 0;       ///< last change, nanoseconds since 1970 UTC
   std::int64_t statusChanged = 0;  ///< last change of content or attributes, nanoseconds since 1970 UTC
+  std::uint64_t disk = 0;          ///< number of the disk
   std::uint64_t identity = 0;      ///< number of the file on its disk
 
   friend bool operator==(const FileStamp&, const FileStamp&) = default;
@@ -43,7 +44,8 @@ class OutputFile {
 
 /// Plain files. Paths are in the code page with kPathSeparator between the pieces. A last piece that does not exist
 /// in exactly this spelling stands for the entry of the same directory that differs only in case, if there is one:
-/// projects come from a system that does not distinguish it. A file that is made new gets the spelling of the call.
+/// projects come from a system that does not distinguish it. A file that is made new gets the spelling of the call;
+/// after Remove, nothing stands for the path until it is made new.
 ///
 /// Failures are RuntimeError: 53 no such file, 75 not accessible (no right, read-only, a directory or a device in
 /// place of a file), 76 no such directory, 61 no room, 67 too many open files, 57 any other fault of the device.

@@ -4,6 +4,10 @@
 
 namespace tavrin {
 
+/// Primary language codes.
+inline constexpr int kGerman = 7;
+inline constexpr int kEnglish = 9;
+
 /// The catalogue of all words the user sees, by number and language (texts/).
 class TextLibrary {
  public:

@@ -76,7 +76,45 @@ TEST(Tavrinctl, DoesNotWriteAProjectOverItselfThatItCouldNotReadToTheEnd) {
   const TemporaryDirectory other;
   const ProgramRun run = CallTavrinctl({"resave", directory.Path() + "ZOPCSRV.ini", other.Path()});
   EXPECT_EQ(run.status, 0);
+  EXPECT_THAT(run.err, testing::HasSubstr("Overflow")) << "what is missing in the other directory is told";
   EXPECT_TRUE(other.Has("ZOPCSRV.ini"));
+}
+
+TEST(Tavrinctl, DoesNotWriteOutsideOfTheDirectory) {
+  for (const char* hostile : {"../victim.txt", "sub/../../victim.txt"}) {
+    SCOPED_TRACE(hostile);
+    const TemporaryDirectory directory;
+    directory.Write("ZOPCSRV.ini", "[General]\r\nLogFileSize=1\r\n[Line]\r\nProtocol=H1\r\nConfiguration=Line.ini\r\n");
+    directory.Write("Line.ini", std::string("[Press]\r\nVariables=") + hostile + "\r\n");
+    const TemporaryDirectory other;
+    ExpectRefused(CallTavrinctl({"resave", directory.Path() + "ZOPCSRV.ini", other.Path()}), hostile);
+    EXPECT_FALSE(other.Has("ZOPCSRV.ini"));
+  }
+}
+
+TEST(Tavrinctl, LeavesNamesakesInOtherCaseAlone) {
+  const TemporaryDirectory directory;
+  directory.Write("ZOPCSRV.ini", "[General]\r\nLogFileSize=1\r\n[n]\r\nProtocol=H1\r\nConfiguration=n.ini\r\n");
+  directory.Write("n.ini", "[d]\r\nVariables=d.csv\r\n");
+  directory.Write("d.csv", "T1;MB1;RW\r\n");
+  const std::vector<std::pair<std::string, std::string>> namesakes{
+      {"zopcsrv.ini", "[OLD]\r\n"}, {"N.INI", "[OLDDEV]\r\n"}, {"D.csv", "OLD;MB2;RO\r\n"}};
+  for (const auto& [name, bytes] : namesakes) directory.Write(name, bytes);
+  EXPECT_EQ(CallTavrinctl({"resave", directory.Path() + "ZOPCSRV.ini", directory.Path()}).status, 0);
+  for (const auto& [name, bytes] : namesakes) EXPECT_EQ(directory.Read(name), bytes) << name;
+  EXPECT_EQ(directory.Read("d.csv"), "T1;MB1;RW\r\n");
+  EXPECT_THAT(directory.Read("n.ini"), testing::HasSubstr("Variables=d.csv"));
+  EXPECT_THAT(directory.Read("ZOPCSRV.ini"), testing::HasSubstr("Configuration=n.ini"));
+}
+
+TEST(Tavrinctl, TellsThatASettingsFileCouldNotBeWritten) {
+  const TemporaryDirectory directory;
+  directory.Write("ZOPCSRV.ini", "[General]\r\nLogFileSize=1\r\n");
+  const TemporaryDirectory other;
+  std::filesystem::create_directory(other.Path() + "ZOPCSRV.ini");
+  const ProgramRun run = CallTavrinctl({"resave", directory.Path() + "ZOPCSRV.ini", other.Path()});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_THAT(run.err, testing::HasSubstr("not every file could be written"));
 }
 
 TEST(Tavrinctl, TheLanguageMayStandBehindTheCommand) {

@@ -23,7 +23,7 @@ struct Layer {
 constexpr std::string_view kEverything = "*";
 constexpr std::string_view kPlatform = "platform platform/controls";
 constexpr std::string_view kModel = "model platform platform/controls";
-constexpr std::string_view kTags = "tags model platform platform/controls";
+constexpr std::string_view kEditing = "editing model platform platform/controls";
 
 constexpr std::array kLayers{
     Layer{"platform", ""},
@@ -34,10 +34,10 @@ constexpr std::array kLayers{
     Layer{"platform/qt", kPlatform, false, true},
     Layer{"platform/windows", kPlatform, true},
     Layer{"model", kPlatform},
-    Layer{"tags", kModel},
-    Layer{"shell", kTags},
-    Layer{"online", kTags},
-    Layer{"tools", kTags},
+    Layer{"editing", kModel},
+    Layer{"shell", kEditing},
+    Layer{"online", kEditing},
+    Layer{"tools", kEditing},
     Layer{"app", kEverything, true, true},
 };
 

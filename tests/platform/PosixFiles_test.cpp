@@ -275,10 +275,30 @@ TEST_F(PosixFilesTest, ExactNameGoesBeforeAnotherCase) {
   EXPECT_EQ(files_.ReadAll(Path("a.ini")), "upper");
   folder_.Write("a.ini", "lower");
   EXPECT_EQ(files_.ReadAll(Path("a.ini")), "lower");
+}
+
+TEST_F(PosixFilesTest, AfterRemoveNothingStandsForThePathUntilItIsMadeNew) {
+  folder_.Write("A.ini", "upper");
+  folder_.Write("a.ini", "lower");
   files_.Remove(Path("a.ini"));
-  EXPECT_EQ(files_.ReadAll(Path("a.ini")), "upper");
-  files_.Remove(Path("a.ini"));
+  EXPECT_FALSE(files_.Status(Path("a.ini")));
+  EXPECT_EQ(ErrorOf([&] { static_cast<void>(files_.ReadAll(Path("a.ini"))); }), 53);
   EXPECT_EQ(ErrorOf([&] { files_.Remove(Path("a.ini")); }), 53);
+  files_.Append(Path("a.ini"), "new");
+  EXPECT_EQ(files_.ReadAll(Path("a.ini")), "new");
+  EXPECT_EQ(files_.ReadAll(Path("A.ini")), "upper");
+}
+
+TEST_F(PosixFilesTest, AFileInOtherCaseIsRemovedAndMadeNewInTheSpellingOfTheCall) {
+  folder_.Write("A.ini", "upper");
+  files_.Remove(Path("a.ini"));
+  files_.Create(Path("a.ini"))->Write("new");
+  EXPECT_EQ(folder_.Read("a.ini"), "new");
+
+  files_.Remove(Path("A.INI"));
+  files_.Create(Path("A.INI"))->Write("newer");
+  files_.Remove(Path("a.ini"));
+  EXPECT_FALSE(files_.Status(Path("A.INI"))) << "made new under another spelling, it was found again under this one";
 }
 
 TEST_F(PosixFilesTest, OfSeveralOtherCasesTheFirstInByteOrderIsTaken) {

@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "model/tags/LengthSyntax.h"
+#include "model/shared/LengthSyntax.h"
 
 namespace tavrin {
 

@@ -1,13 +1,16 @@
 #include "app/ctl/CommandLine.h"
 
 #include <cstdio>
+#include <exception>
 #include <functional>
+#include <memory>
+#include <sstream>
 #include <string>
 
 #include <CLI/CLI.hpp>
-#include <fmt/core.h>
 
 #include "app/ctl/Commands.h"
+#include "app/ctl/PlainText.h"
 #include "platform/RuntimeError.h"
 
 namespace tavrin {
@@ -63,6 +66,26 @@ void Define(CLI::App& app, Request& request) {
   AddResave(app, request);
 }
 
+/// The status, unless what was printed has not reached its reader.
+int Finish(ExitStatus status) {
+  if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return static_cast<int>(status);
+  Tell("the output cannot be written");
+  return static_cast<int>(ExitStatus::NotRun);
+}
+
+/// @return nothing after telling why the program cannot work from where it stands
+std::unique_ptr<Host> MakeHost(Wording wording) {
+  const std::string directory = ApplicationDirectory();
+  try {
+    return std::make_unique<Host>(wording, directory);
+  } catch (const RuntimeError& error) {
+    const bool isNamed = error.Number() == ErrorNumber::PathNotFound;
+    Tell(directory + (isNamed ? ": the directory of the program has characters that the code page does not have"
+                              : ": the texts of the program cannot be read here"));
+  }
+  return nullptr;
+}
+
 }  // namespace
 
 int RunTavrinctl(int argc, const char* const* argv) try {
@@ -73,15 +96,17 @@ int RunTavrinctl(int argc, const char* const* argv) try {
     app.parse(argc, argv);
     if (!request.command) throw CLI::RequiredError("A subcommand");
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? 0 : static_cast<int>(ExitStatus::NotRun);
+    std::ostringstream out;
+    std::ostringstream problem;
+    const bool isAnswer = app.exit(error, out, problem) == 0;
+    std::fputs(out.str().c_str(), stdout);
+    std::fputs(problem.str().c_str(), stderr);
+    return Finish(isAnswer ? ExitStatus::Clean : ExitStatus::NotRun);
   }
-  Host host(WordingOf(request.language), ApplicationDirectory());
-  const ExitStatus status = request.command(host);
-  if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return static_cast<int>(status);
-  fmt::print(stderr, "tavrinctl: the output cannot be written\n");
-  return static_cast<int>(ExitStatus::NotRun);
-} catch (const RuntimeError& error) {
-  fmt::print(stderr, "tavrinctl: the texts beside the program cannot be read: {}\n", error.Description());
+  const std::unique_ptr<Host> host = MakeHost(WordingOf(request.language));
+  return host ? Finish(request.command(*host)) : static_cast<int>(ExitStatus::NotRun);
+} catch (const std::exception& error) {
+  Tell(std::string("the work was broken off: ") + error.what());
   return static_cast<int>(ExitStatus::NotRun);
 }
 

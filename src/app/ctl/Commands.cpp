@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <optional>
 
-#include <fmt/core.h>
+#include <fmt/format.h>
 
 #include "app/ctl/PlainText.h"
 #include "app/ctl/ProjectJson.h"
@@ -19,7 +19,7 @@ namespace tavrin {
 namespace {
 
 ExitStatus NotRun(const std::string& message) {
-  fmt::print(stderr, "tavrinctl: {}\n", message);
+  Tell(message);
   return ExitStatus::NotRun;
 }
 
@@ -63,11 +63,36 @@ std::optional<Outcome> Load(Host& host, const std::string& file) {
   return outcome;
 }
 
+void TellBoxes(const Outcome& outcome) {
+  for (const std::string& box : outcome.boxes) PrintLine(stderr, {"tavrinctl: message:", box});
+}
+
+/// True for a name with a piece "..".
+bool LeavesDirectory(std::string_view name) {
+  while (!name.empty()) {
+    const std::size_t end = name.find(kPathSeparator);
+    if (name.substr(0, end) == "..") return true;
+    name.remove_prefix(end == std::string_view::npos ? name.size() : end + 1);
+  }
+  return false;
+}
+
+/// A file of the open project that does not lie in the project's directory; nothing when all do.
+std::optional<std::string> FileOutside() {
+  for (const cNetwork& network : modMain::OpenProject().Networks()) {
+    if (LeavesDirectory(network.szFileName())) return network.szFileName();
+    for (const cDevice& device : network.Devices()) {
+      if (LeavesDirectory(device.szTagFileName())) return device.szTagFileName();
+    }
+  }
+  return std::nullopt;
+}
+
 /// True when the directory, under whatever name, is the one that the open project was read from.
 bool IsProjectDirectory(Files& files, const std::string& directory) {
   const auto own = files.Status(modMain::globals.gszProjectDir);
   const auto other = files.Status(directory);
-  return own && other && own->stamp.identity == other->stamp.identity;
+  return own && other && own->stamp.disk == other->stamp.disk && own->stamp.identity == other->stamp.identity;
 }
 
 ExitStatus StatusFor(const cWarnings& warnings) {
@@ -89,7 +114,7 @@ ExitStatus CheckProject(Host& host, const std::string& file) {
   for (const cWarning& warning : modMain::ReadWarnings()) {
     PrintLine(stdout, {warning.szType(), warning.szFileName(), warning.szText()});
   }
-  for (const std::string& box : outcome->boxes) PrintLine(stderr, {"tavrinctl: message:", box});
+  TellBoxes(*outcome);
   return StatusFor(modMain::ReadWarnings());
 }
 
@@ -102,9 +127,12 @@ ExitStatus ResaveProject(Host& host, const std::string& file, const std::string&
   }
   const auto loaded = Load(host, file);
   if (!loaded) return ExitStatus::NotRun;
+  TellBoxes(*loaded);
   if (modMain::globals.nTrappedErrors > 0 && IsProjectDirectory(host.PlainFiles(), *path)) {
-    for (const std::string& box : loaded->boxes) PrintLine(stderr, {"tavrinctl: message:", box});
     return NotRun(directory + ": the project was not read to the end, so it is not written over itself");
+  }
+  if (const auto outside = FileOutside()) {
+    return NotRun(ToUtf8(*outside) + ": this file of the project would be written outside of " + directory);
   }
   if (path->back() != kPathSeparator) *path += kPathSeparator;
   modMain::globals.gszProjectDir = *path;
@@ -112,7 +140,10 @@ ExitStatus ResaveProject(Host& host, const std::string& file, const std::string&
   modMain::OpenProject().UpdateAll(false, outcome.bOK);
   outcome.boxes = host.Desktop().TakeBoxes();
   PrintSaved(outcome, stdout);
-  return StatusFor(modMain::WriteWarnings());
+  const ExitStatus told = StatusFor(modMain::WriteWarnings());
+  // A settings file that could not be written is not told by the save itself.
+  if (told == ExitStatus::Clean && host.LostWrites()) return NotRun(directory + ": not every file could be written");
+  return told;
 }
 
 }  // namespace tavrin

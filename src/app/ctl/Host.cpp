@@ -8,15 +8,17 @@
 #include "model/shared/TextCatalogue.h"
 #include "model/shared/cWarnings.h"
 #include "platform/CodePage.h"
+#include "platform/RuntimeError.h"
 
 namespace tavrin {
 
 namespace {
 
-constexpr std::int32_t kGerman = 7;
-constexpr std::int32_t kEnglish = 9;
-
-std::string InCodePage(const std::string& utf8) { return FromUtf8(utf8).value_or(utf8); }
+std::string InCodePage(const std::string& utf8) {
+  auto path = FromUtf8(utf8);
+  if (!path) throw RuntimeError(ErrorNumber::PathNotFound);
+  return *path;
+}
 
 /// Project files may be in another page than the default one; Tavrin.INI names it. An unknown page changes nothing.
 /// @return the directory in the page that is now in use

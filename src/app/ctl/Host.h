@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
+#include "model/shared/LengthSyntax.h"
 #include "model/shared/modMain.h"
-#include "model/tags/LengthSyntax.h"
 #include "platform/headless/HeadlessDesktop.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/UnitRegistry.h"
@@ -20,7 +20,8 @@ enum class Wording { German, English, Numbers };
 class Host {
  public:
   /// @param applicationDirectory where texts and Tavrin.INI stand, UTF-8, with a trailing separator
-  /// @throws RuntimeError 53 when the texts cannot be read
+  /// @throws RuntimeError 76 when the directory has characters that the code page does not have, 53 when the texts
+  /// cannot be read
   Host(Wording wording, const std::string& applicationDirectory);
   Host(const Host&) = delete;
   Host& operator=(const Host&) = delete;
@@ -28,6 +29,8 @@ class Host {
 
   [[nodiscard]] HeadlessDesktop& Desktop() { return desktop_; }
   [[nodiscard]] Files& PlainFiles() { return files_; }
+  /// True when something written to an INI file has not reached the disk.
+  [[nodiscard]] bool LostWrites() const { return files_.FailedWrites() > 0; }
 
  private:
   HeadlessDesktop desktop_;

@@ -52,4 +52,11 @@ void PrintLine(std::FILE* to, std::initializer_list<std::string_view> columns) {
   std::fputc('\n', to);
 }
 
+void Tell(std::string utf8) {
+  std::replace_if(
+      utf8.begin(), utf8.end(), [](unsigned char c) { return c < 0x20 || c == 0x7F; }, '?');
+  const std::string line = "tavrinctl: " + utf8 + "\n";
+  std::fwrite(line.data(), 1, line.size(), stderr);
+}
+
 }  // namespace tavrin

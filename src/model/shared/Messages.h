@@ -19,7 +19,7 @@ namespace tavrin {
 /// A catalogue text, a blank and what it speaks of.
 [[nodiscard]] std::string TextAnd(std::int32_t textNumber, std::string_view what);
 
-/// Catalogue numbers for the results 1, 2 and 3 of a name check (model/tags/modParser.h); 0 for any other result.
+/// Catalogue numbers for the results 1, 2 and 3 of a name check (model/shared/modParser.h); 0 for any other result.
 [[nodiscard]] std::int32_t NameCheckText(std::int32_t result);
 /// The same for the check of a tag's data source.
 [[nodiscard]] std::int32_t SourceCheckText(std::int32_t result);

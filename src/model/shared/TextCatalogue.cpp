@@ -14,9 +14,6 @@
 namespace tavrin {
 namespace {
 
-constexpr int kGerman = 7;
-constexpr int kEnglish = 9;
-
 /// No catalogue comes near this size in bytes; a larger file is something else and is not read into memory.
 constexpr std::uint64_t kLargestFile = 1 << 20;
 

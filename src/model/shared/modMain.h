@@ -45,7 +45,7 @@ struct State {
   std::unique_ptr<cWarnings> gWriteWarnings;  ///< warnings of the last write
   std::int32_t gnCurrentNetwork = 0;          ///< 1-based position of the selected network, 0 for none
   std::int32_t gnCurrentDevice = 0;           ///< 1-based position of the selected device in it, 0 for none
-  std::int32_t gnLanguage = 9;                ///< primary language code: 7 German, 9 English
+  std::int32_t gnLanguage = kEnglish;         ///< primary language code: 7 German, 9 English
   std::string gszManual;                      ///< full path of the manual of the language
   bool gbShowHint = true;
   bool gbQueryOnDelete = true;      ///< ask before anything is deleted

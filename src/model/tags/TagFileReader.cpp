@@ -9,15 +9,13 @@
 #include "model/shared/Messages.h"
 #include "model/shared/cWarnings.h"
 #include "model/shared/modMain.h"
+#include "model/shared/modParser.h"
 #include "model/tags/cTags.h"
-#include "model/tags/modParser.h"
 #include "platform/CodePage.h"
 
 namespace tavrin {
 
 namespace {
-
-constexpr std::int32_t kUpperCased = -1;  // the one value of nCaseSensitive that changes what is stored
 
 constexpr std::size_t kShortestUsualLine = 16;
 
@@ -42,8 +40,9 @@ TagFileReader::TagFileReader(cTags& list, std::int32_t nDeviceType, std::int32_t
       nDeviceType_(nDeviceType),
       nPLCType_(nPLCType),
       nCaseSensitive_(modMain::OpenProject().nCaseSensitive()),
-      fold_(nCaseSensitive_ == 1 ? FoldOfExactNames() : FoldOfNames()),
-      useIndex_(list.Count() == 0) {}
+      fold_(nCaseSensitive_ == 1 ? FoldOfExactNames() : FoldOfNames()) {
+  for (std::uint32_t i = 0; i < list_.tags_.size(); ++i) NoteName(i);
+}
 
 void TagFileReader::Read(std::string& content) {
   std::replace(content.begin(), content.end(), '\t', ' ');
@@ -62,7 +61,7 @@ void TagFileReader::MakeRoom(std::string_view content) {
   const auto lines = static_cast<std::size_t>(std::count(content.begin(), content.end(), '\n'));
   const std::size_t tags = std::min(lines, content.size() / kShortestUsualLine);
   list_.tags_.reserve(list_.tags_.size() + tags);
-  if (useIndex_) names_.Reserve(tags);
+  names_.Reserve(tags);
 }
 
 void TagFileReader::ReadLine(std::string_view line) {
@@ -83,7 +82,7 @@ void TagFileReader::ReadLine(std::string_view line) {
   tag->line_.Assign(texts);
   tag->bDataDirty(false);
   if (list_.AddItem(std::move(tag))) {
-    NoteName(texts[TagLine::Name]);
+    NoteName(static_cast<std::uint32_t>(list_.Count()) - 1);
   } else {
     WarnOfLine(220);
   }
@@ -91,7 +90,7 @@ void TagFileReader::ReadLine(std::string_view line) {
 
 void TagFileReader::ReadName(std::string_view field, cTag& tag, TagLine::Views& texts) {
   name_ = modMain::TrimBlanks(field);
-  if (nCaseSensitive_ == kUpperCased) name_ = UpperCase(name_);
+  if (nCaseSensitive_ == cTag::kStoresUpperCase) name_ = UpperCase(name_);
   WarnOfLine(NameCheckText(ParserIsValidTagName(name_)));
   if (!IsUnique(name_)) {
     modMain::ReadWarnings().AddWarning(WarningKind::Tag, list_.szFileName(), NameProblem(221, name_));
@@ -133,18 +132,16 @@ void TagFileReader::ReadOptional(std::string_view field, TagLine::Views& texts) 
 }
 
 bool TagFileReader::IsUnique(std::string_view name) const {
-  if (!useIndex_) return list_.CheckUniqueTag(name);
   const std::string_view asked = nCaseSensitive_ == 1 ? name : modMain::TrimBlanks(name);
   const auto isSame = [&](std::uint32_t i) { return SameName(fold_, list_.tags_[i]->szTag(), asked); };
   return names_.Find(HashName(fold_, asked), isSame) == NameIndex::kNowhere;
 }
 
-void TagFileReader::NoteName(std::string_view name) {
-  if (!useIndex_) return;
+void TagFileReader::NoteName(std::uint32_t position) {
+  const std::string_view name = list_.tags_[position]->szTag();
   const std::uint32_t hash = HashName(fold_, name);
   const auto isSame = [&](std::uint32_t i) { return SameName(fold_, list_.tags_[i]->szTag(), name); };
-  if (names_.Find(hash, isSame) == NameIndex::kNowhere)
-    names_.Insert(hash, static_cast<std::uint32_t>(list_.Count()) - 1);
+  if (names_.Find(hash, isSame) == NameIndex::kNowhere) names_.Insert(hash, position);
 }
 
 void TagFileReader::WarnOfLine(std::int32_t textNumber) {

@@ -33,7 +33,7 @@ class TagFileReader {
 
   /// True when no tag that is in the list by now has the name.
   [[nodiscard]] bool IsUnique(std::string_view name) const;
-  void NoteName(std::string_view name);
+  void NoteName(std::uint32_t position);
 
   /// Warns of the line for the reason of a text number; 0 is no reason.
   void WarnOfLine(std::int32_t textNumber);
@@ -43,8 +43,7 @@ class TagFileReader {
   std::int32_t nPLCType_;
   std::int32_t nCaseSensitive_;
   NameFold fold_;    // which names are the same in this project
-  NameIndex names_;  // positions in the list, one for each different name; unused when useIndex_ is false
-  bool useIndex_;
+  NameIndex names_;  // positions in the list, one for each different name
   std::string_view line_;
   std::string name_;  // kept between lines for their memory
   std::string data_;

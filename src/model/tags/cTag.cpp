@@ -3,8 +3,8 @@
 #include "model/cOPC.h"
 #include "model/shared/Messages.h"
 #include "model/shared/modMain.h"
+#include "model/shared/modParser.h"
 #include "model/shared/modText.h"
-#include "model/tags/modParser.h"
 #include "platform/CodePage.h"
 
 namespace tavrin {
@@ -12,25 +12,29 @@ namespace tavrin {
 namespace {
 
 constexpr std::size_t kLongestFileName = 32;
-constexpr std::int32_t kUpperCased = -1;  // the one value of nCaseSensitive that changes what is stored
 constexpr std::string_view kUnknownCheckResult = "unbekannter Fehler beim Prüfen eibnes Tagnames (cTag.szTag)";
-
-std::string AsStored(std::string_view value) {
-  return modMain::OpenProject().nCaseSensitive() == kUpperCased ? UpperCase(value) : std::string(value);
-}
 
 }  // namespace
 
 void cTag::szFileName(std::string_view value) {
   if (value.empty()) {
-    bLetError_ = !Refuse(EmptyRefused());
+    RefuseAndNote(EmptyRefused());
   } else if (value.size() > kLongestFileName) {
-    bLetError_ = !Refuse(TextAnd(204, ResText(225)));
+    RefuseAndNote(TextAnd(204, ResText(225)));
   } else {
     szFileName_ = SharedName(value);
     bDataDirty_ = true;
     bLetError_ = false;
   }
+}
+
+void cTag::RefuseAndNote(std::string_view message) {
+  Refuse(message);
+  bLetError_ = true;
+}
+
+std::string cTag::AsStored(std::string_view value) {
+  return modMain::OpenProject().nCaseSensitive() == kStoresUpperCase ? UpperCase(value) : std::string(value);
 }
 
 bool cTag::AcceptName(std::string& name) {
@@ -40,7 +44,7 @@ bool cTag::AcceptName(std::string& name) {
   if (text == 0) {
     Refuse(FromUtf8(kUnknownCheckResult).value_or(std::string(kUnknownCheckResult)));
   } else {
-    bLetError_ = !Refuse(ResText(text));
+    RefuseAndNote(ResText(text));
   }
   return false;
 }
@@ -63,7 +67,7 @@ void cTag::szTag(std::string_view value) {
 
 void cTag::szData(std::string_view value) {
   if (value.empty()) {
-    bLetError_ = !Refuse(ResText(227));
+    RefuseAndNote(ResText(227));
   } else {
     StoreChecked(TagLine::Data, AsStored(value));
   }
@@ -72,7 +76,7 @@ void cTag::szData(std::string_view value) {
 void cTag::szRW(std::string_view value) {
   const std::string word = UpperCase(modMain::TrimBlanks(value));
   if (word != "RO" && word != "RW") {
-    bLetError_ = !Refuse(RangeRefused("RO / RW"));
+    RefuseAndNote(RangeRefused("RO / RW"));
   } else {
     StoreChecked(TagLine::Access, word);
   }

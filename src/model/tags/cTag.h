@@ -69,8 +69,17 @@ class cTag {
   friend class TagFileReader;  // stores all texts of a line at once
   friend class cTags;          // marks what it has taken over
 
-  /// Asks the server's check; the text is what the check left of it. Tells a refusal and notes it in bLetError.
+  /// Asks the server's check; the text is what the check left of it. Tells a refusal and notes it in bLetError, but for
+  /// a result that no check should give: that one leaves bLetError as it is.
   [[nodiscard]] bool AcceptName(std::string& name);
+  /// Tells a refusal and notes it in bLetError.
+  void RefuseAndNote(std::string_view message);
+
+  /// The one nCaseSensitive with which names and data are stored in upper case. The project's setting is 0 or 1, so
+  /// both keep the case in which they are given: what the user typed is what he finds again.
+  static constexpr std::int32_t kStoresUpperCase = -1;
+  [[nodiscard]] static std::string AsStored(std::string_view value);
+
   void StoreChecked(TagLine::Text text, std::string_view value);
   void SetFreeText(TagLine::Text text, std::string_view value);
 

@@ -78,6 +78,7 @@ bool cTags::AddItem(std::unique_ptr<cTag> tag) try {
   const std::string_view szName = tag->szTag();
   if (Find(szName) != NameIndex::kNowhere) return false;
   const std::uint32_t hash = HashName(keyFold_, szName);
+  keys_.Reserve(tags_.size() + 1);  // so that nothing can fail between list and index
   tag->inList_ = true;
   tags_.push_back(std::move(tag));
   keys_.Insert(hash, static_cast<std::uint32_t>(tags_.size() - 1));

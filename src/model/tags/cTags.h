@@ -12,6 +12,8 @@
 
 namespace tavrin {
 
+class OutputFile;
+
 /// The tags of one device in the order of their file, and that file's reader and writer.
 ///
 /// A tag's key is the name under which it was added. In a key the case of A to Z counts, that of all other letters
@@ -58,7 +60,7 @@ class cTags {
 
   [[nodiscard]] std::string szFullName() const;
   [[nodiscard]] std::uint32_t Find(std::string_view szName);
-  void WriteTags(class OutputFile& file);
+  void WriteTags(OutputFile& file);
 
   std::string szFileName_;
   std::vector<std::unique_ptr<cTag>> tags_;

@@ -110,6 +110,7 @@ Descriptor OpenToWrite(PosixPathFinder& finder, const PosixPath& path, int flags
   if (number < 0 && errno == ENOENT) {
     number = Retried([&] { return open(path.whole.c_str(), all | O_CREAT, 0666); });
     if (number < 0 && errno == ENOENT) Fail(ENOTDIR);  // a file that can be made new is only missing its directory
+    if (number >= 0) finder.MarkMade(path);
   }
   if (number < 0) Fail(errno);
   return Regular(number);
@@ -149,7 +150,8 @@ std::optional<FileStatus> PosixFiles::Status(std::string_view path) {
   }
   return FileStatus{S_ISDIR(status.st_mode),
                     {static_cast<std::uint64_t>(status.st_size), Nanoseconds(status.st_mtim),
-                     Nanoseconds(status.st_ctim), static_cast<std::uint64_t>(status.st_ino)}};
+                     Nanoseconds(status.st_ctim), static_cast<std::uint64_t>(status.st_dev),
+                     static_cast<std::uint64_t>(status.st_ino)}};
 }
 
 std::string PosixFiles::ReadAll(std::string_view path) {
@@ -198,6 +200,7 @@ void PosixFiles::Remove(std::string_view text) {
     return unlink(name);
   };
   if (finder_.OnExisting(path, removeRegular) != 0) FailOn(path, errno);
+  finder_.MarkRemoved(path);
 }
 
 }  // namespace tavrin

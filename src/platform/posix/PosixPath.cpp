@@ -41,7 +41,12 @@ int PosixPathFinder::OnExisting(const PosixPath& path, const Act& act) {
     return -1;
   }
   int result = Retried(act, path.whole);
-  if (IsMissing(result) && asked_ == path.whole) result = Retried(act, found_);
+  if (!IsMissing(result)) {
+    removed_.erase(path.whole);
+    return result;
+  }
+  if (removed_.contains(path.whole)) return result;
+  if (asked_ == path.whole) result = Retried(act, found_);
   if (!IsMissing(result)) return result;
   const std::optional<std::string> other = InOtherCase(path);
   errno = ENOENT;

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <functional>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -31,12 +32,19 @@ class PosixPathFinder {
   /// in byte order, so that the answer does not hang on the order in which a disk lists them.
   int OnExisting(const PosixPath& path, const Act& act);
 
+  /// To be told of every file that was removed: until there is an entry of exactly this spelling again, nothing stands
+  /// for the path. Otherwise a writer that removes a file to make it anew would go on with its namesake.
+  void MarkRemoved(const PosixPath& path) { removed_.insert(path.whole); }
+  /// To be told of every file that was made new.
+  void MarkMade(const PosixPath& path) { removed_.erase(path.whole); }
+
  private:
   [[nodiscard]] std::optional<std::string> InOtherCase(const PosixPath& path) const;
 
   // What the last search has found. A program uses a file several times in a row, and a search reads the directory.
   std::string asked_;
   std::string found_;
+  std::set<std::string> removed_;
 };
 
 }  // namespace tavrin

@@ -31,13 +31,21 @@ std::optional<std::string> DescriptionIn(std::string_view unit) {
 
 }  // namespace
 
+std::optional<std::string> UnitRegistry::DescriptionOf(const std::string& path) {
+  try {
+    return DescriptionIn(files_.ReadAll(path));
+  } catch (const RuntimeError&) {
+    return std::nullopt;  // no plain file, such as the device in place of a masked unit
+  }
+}
+
 std::optional<std::string> UnitRegistry::QueryText(std::string_view keyPath, std::string_view valueName) {
   if (valueName != "DisplayName" || keyPath.substr(0, kServices.size()) != kServices) return std::nullopt;
   const std::string unit = std::string(keyPath.substr(kServices.size())) + ".service";
   for (const std::string_view directory : kUnitDirectories) {
     const std::string path = root_ + std::string(directory) + unit;
     const auto status = files_.Status(path);
-    if (status && !status->directory) return DescriptionIn(files_.ReadAll(path));
+    if (status && !status->directory) return DescriptionOf(path);
   }
   return std::nullopt;
 }

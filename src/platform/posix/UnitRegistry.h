@@ -18,6 +18,8 @@ class UnitRegistry : public Registry {
   [[nodiscard]] std::optional<std::string> QueryText(std::string_view keyPath, std::string_view valueName) override;
 
  private:
+  [[nodiscard]] std::optional<std::string> DescriptionOf(const std::string& path);
+
   Files& files_;
   std::string root_;
 };

@@ -103,11 +103,11 @@ void ProfileImage::Splice(std::size_t at, std::size_t removed, std::string_view 
   while (!IsLineBegin(bytes_, begin)) --begin;
   const bool beforeLine = IsLineBegin(bytes_, at + removed);
   bytes_.replace(at, removed, inserted);
+  changedFrom_ = std::min(changedFrom_.value_or(at), at);
   const std::size_t behind = at + inserted.size();
   const bool afterLine = behind == 0 || IsLineEnd(bytes_[behind - 1]);
   const std::size_t newEnd = beforeLine && afterLine ? behind : NextLine(bytes_, behind);
   sections_.Rescan(bytes_, {begin, newEnd - inserted.size() + removed, newEnd});
-  changedFrom_ = std::min(changedFrom_.value_or(at), at);
 }
 
 std::string_view ProfileImage::MissingLineEnd(std::size_t at) const {

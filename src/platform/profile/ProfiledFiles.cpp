@@ -1,5 +1,7 @@
 #include "platform/profile/ProfiledFiles.h"
 
+#include <utility>
+
 #include "platform/CodePage.h"
 #include "platform/RuntimeError.h"
 #include "platform/profile/ProfileAnswer.h"
@@ -18,12 +20,18 @@ ProfileError ErrorOf(const RuntimeError& error) {
 /// True when the two stamps may differ by the file's attributes, but not by its content.
 bool SameContent(const std::optional<FileStamp>& left, const std::optional<FileStamp>& right) {
   if (!left || !right) return !left && !right;
-  return left->size == right->size && left->modified == right->modified && left->identity == right->identity;
+  return left->size == right->size && left->modified == right->modified && left->disk == right->disk &&
+         left->identity == right->identity;
 }
 
 }  // namespace
 
-ProfiledFiles::~ProfiledFiles() { WriteOut(); }
+ProfiledFiles::~ProfiledFiles() {
+  try {
+    WriteOut();
+  } catch (...) {  // NOLINT(bugprone-empty-catch): there is nobody left to tell
+  }
+}
 
 std::optional<FileStatus> ProfiledFiles::Status(std::string_view path) {
   Meet(path);
@@ -94,6 +102,7 @@ ProfileError ProfiledFiles::WriteString(OptionalText section, OptionalText key, 
     }
     return ProfileError::None;
   } catch (const RuntimeError& error) {
+    ++failedWrites_;
     return ErrorOf(error);
   }
 }
@@ -113,14 +122,14 @@ ProfiledFiles::Copy& ProfiledFiles::Load(std::string_view file) {
   copy_.reset();  // first, so that two large files are never in memory together
   // The stamp from before reading: if somebody changes the file meanwhile, the next use sees it.
   const std::optional<FileStatus> status = files_.Status(file);
-  Copy& copy = copy_.emplace(Copy{std::string(file), std::nullopt, !status || !status->directory, ProfileImage()});
+  Copy copy{std::string(file), std::nullopt, !status || !status->directory, ProfileImage()};
   if (status) copy.stamp = status->stamp;
   try {
     if (status && copy.readable) copy.image = ProfileImage(files_.ReadAll(file));
   } catch (const RuntimeError&) {
     copy.readable = false;
   }
-  return copy;
+  return copy_.emplace(std::move(copy));
 }
 
 std::optional<FileStamp> ProfiledFiles::StampOf(std::string_view path) {
@@ -142,7 +151,10 @@ ProfiledFiles::Copy& ProfiledFiles::OpenForChange(std::string_view file) {
   if (copy.image.ChangedFrom()) return copy;
   files_.Append(file, {});
   TakeStamp();
-  return copy_ ? *copy_ : Load(file);
+  if (copy_) return *copy_;
+  Copy& renewed = Load(file);  // somebody has changed the file in this moment
+  if (!renewed.readable) throw RuntimeError(ErrorNumber::PathFileAccess);
+  return renewed;
 }
 
 ProfileError ProfiledFiles::WriteOut() {
@@ -157,6 +169,7 @@ ProfileError ProfiledFiles::WriteOut() {
     return ProfileError::None;
   } catch (const RuntimeError& error) {
     copy_.reset();
+    ++failedWrites_;
     return ErrorOf(error);
   }
 }

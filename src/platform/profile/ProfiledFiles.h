@@ -44,6 +44,10 @@ class ProfiledFiles : public Files, public ProfileFiles {
   [[nodiscard]] std::size_t GetSection(OptionalText section, std::span<char> buffer, std::string_view file) override;
   ProfileError WriteString(OptionalText section, OptionalText key, OptionalText value, std::string_view file) override;
 
+  /// How often WriteString or a later write-out has failed. Writers ignore the single result; who wants to know
+  /// whether all of a save has reached the disk asks here.
+  [[nodiscard]] std::size_t FailedWrites() const { return failedWrites_; }
+
  private:
   /// The INI file that is kept.
   struct Copy {
@@ -73,6 +77,7 @@ class ProfiledFiles : public Files, public ProfileFiles {
 
   Files& files_;
   std::optional<Copy> copy_;
+  std::size_t failedWrites_ = 0;
 };
 
 }  // namespace tavrin

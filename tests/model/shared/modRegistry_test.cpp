@@ -1,6 +1,7 @@
 #include "model/shared/modRegistry.h"
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -48,9 +49,26 @@ TEST_F(modRegistryTest, AnEmptyValueIsAValue) {
   EXPECT_EQ(Value(), "");
 }
 
-TEST_F(modRegistryTest, AnErrorGivesAnEmptyText) {
+TEST_F(modRegistryTest, AUnitThatCannotBeReadGivesTheDefault) {
   Install("OPC Server");
   faults.reading = FaultyFiles::Fault{"TheServer.service", ErrorNumber::PathFileAccess};
+  EXPECT_EQ(Value(), "default");
+}
+
+TEST_F(modRegistryTest, AMaskedUnitGivesTheDefault) {
+  std::filesystem::create_symlink("/dev/null", directory.Path() + "etc/systemd/system/TheServer.service");
+  EXPECT_EQ(Value(), "default");
+}
+
+TEST_F(modRegistryTest, AnErrorGivesAnEmptyText) {
+  class BrokenRegistry : public Registry {
+    std::optional<std::string> QueryText(std::string_view, std::string_view) override {
+      throw RuntimeError(ErrorNumber::DeviceIoError);
+    }
+  };
+  BrokenRegistry broken;
+  const Services withBroken{desktop, files, files, broken, texts, syntax};
+  modMain::globals.services = &withBroken;
   EXPECT_EQ(Value(), "");
   EXPECT_TRUE(Boxes().empty());
 }

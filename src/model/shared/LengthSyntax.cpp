@@ -1,4 +1,4 @@
-#include "model/tags/LengthSyntax.h"
+#include "model/shared/LengthSyntax.h"
 
 #include <cstring>
 #include <string_view>

@@ -1,4 +1,4 @@
-#include "model/tags/modParser.h"
+#include "model/shared/modParser.h"
 
 #include "model/shared/modMain.h"
 
