@@ -45,7 +45,7 @@ TagFileReader::TagFileReader(cTags& list, std::int32_t nDeviceType, std::int32_t
 }
 
 void TagFileReader::Read(std::string& content) {
-  std::replace(content.begin(), content.end(), '\t', ' ');
+  if (content.find('\t') != std::string::npos) std::replace(content.begin(), content.end(), '\t', ' ');
   MakeRoom(content);
   std::string_view rest = content;
   while (!rest.empty()) {
@@ -74,31 +74,39 @@ void TagFileReader::ReadLine(std::string_view line) {
   tag->szFileName(list_.szFileName());
   TagLine::Views texts;
   std::string_view rest = line;
-  ReadName(TakeField(rest, ';'), *tag, texts);
+  const bool nameIsNew = ReadName(TakeField(rest, ';'), *tag, texts);
   if (separators >= 1) ReadData(TakeField(rest, ';'), *tag, texts);
   if (separators >= 2) ReadAccess(TakeField(rest, ';'), *tag, texts);
   while (!rest.empty()) ReadOptional(TakeField(rest, ';'), texts);
 
   tag->line_.Assign(texts);
   tag->bDataDirty(false);
-  if (list_.AddItem(std::move(tag))) {
+  AddTag(std::move(tag), nameIsNew);
+}
+
+void TagFileReader::AddTag(std::unique_ptr<cTag> tag, bool nameIsNew) {
+  if (nameIsNew && fold_.upperCasesAscii) {
+    // New without regard to case, so its key is new as well and need not be looked for.
+    list_.Append(std::move(tag));
+    names_.Insert(nameHash_, static_cast<std::uint32_t>(list_.Count()) - 1);
+  } else if (list_.AddItem(std::move(tag))) {
     NoteName(static_cast<std::uint32_t>(list_.Count()) - 1);
   } else {
     WarnOfLine(220);
   }
 }
 
-void TagFileReader::ReadName(std::string_view field, cTag& tag, TagLine::Views& texts) {
+bool TagFileReader::ReadName(std::string_view field, cTag& tag, TagLine::Views& texts) {
   name_ = modMain::TrimBlanks(field);
   if (nCaseSensitive_ == cTag::kStoresUpperCase) name_ = UpperCase(name_);
   WarnOfLine(NameCheckText(ParserIsValidTagName(name_)));
-  if (!IsUnique(name_)) {
-    modMain::ReadWarnings().AddWarning(WarningKind::Tag, list_.szFileName(), NameProblem(221, name_));
-  }
+  const bool isUnique = IsUnique(name_);
+  if (!isUnique) modMain::ReadWarnings().AddWarning(WarningKind::Tag, list_.szFileName(), NameProblem(221, name_));
   // The assignment checks once more: a bad name is told in a box as well, and the tag stays without a name.
-  if (name_.empty() || !tag.AcceptName(name_)) return;
+  if (name_.empty() || !tag.AcceptName(name_)) return false;
   texts[TagLine::Name] = name_;
   tag.bLetError(false);
+  return isUnique && name_ == asked_;
 }
 
 void TagFileReader::ReadData(std::string_view field, cTag& tag, TagLine::Views& texts) {
@@ -131,10 +139,11 @@ void TagFileReader::ReadOptional(std::string_view field, TagLine::Views& texts) 
   }
 }
 
-bool TagFileReader::IsUnique(std::string_view name) const {
-  const std::string_view asked = nCaseSensitive_ == 1 ? name : modMain::TrimBlanks(name);
-  const auto isSame = [&](std::uint32_t i) { return SameName(fold_, list_.tags_[i]->szTag(), asked); };
-  return names_.Find(HashName(fold_, asked), isSame) == NameIndex::kNowhere;
+bool TagFileReader::IsUnique(std::string_view name) {
+  asked_ = nCaseSensitive_ == 1 ? name : modMain::TrimBlanks(name);
+  nameHash_ = HashName(fold_, asked_);
+  const auto isSame = [&](std::uint32_t i) { return SameName(fold_, list_.tags_[i]->szTag(), asked_); };
+  return names_.Find(nameHash_, isSame) == NameIndex::kNowhere;
 }
 
 void TagFileReader::NoteName(std::uint32_t position) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -26,14 +27,18 @@ class TagFileReader {
  private:
   void MakeRoom(std::string_view content);
   void ReadLine(std::string_view line);
-  void ReadName(std::string_view field, cTag& tag, TagLine::Views& texts);
+  /// @return true when the tag got the name and no tag of the list has it
+  bool ReadName(std::string_view field, cTag& tag, TagLine::Views& texts);
   void ReadData(std::string_view field, cTag& tag, TagLine::Views& texts);
   void ReadAccess(std::string_view field, cTag& tag, TagLine::Views& texts);
   static void ReadOptional(std::string_view field, TagLine::Views& texts);
 
-  /// True when no tag that is in the list by now has the name.
-  [[nodiscard]] bool IsUnique(std::string_view name) const;
+  /// True when no tag that is in the list by now has the name; leaves what was
+  /// looked for in asked_ and nameHash_.
+  [[nodiscard]] bool IsUnique(std::string_view name);
   void NoteName(std::uint32_t position);
+  /// @param nameIsNew what ReadName gave
+  void AddTag(std::unique_ptr<cTag> tag, bool nameIsNew);
 
   /// Warns of the line for the reason of a text number; 0 is no reason.
   void WarnOfLine(std::int32_t textNumber);
@@ -45,6 +50,8 @@ class TagFileReader {
   NameFold fold_;    // which names are the same in this project
   NameIndex names_;  // positions in the list, one for each different name
   std::string_view line_;
+  std::uint32_t nameHash_ = 0;
+  std::string asked_;
   std::string name_;  // kept between lines for their memory
   std::string data_;
 };

@@ -34,6 +34,7 @@ std::uint32_t cTags::Find(std::string_view szName) {
   if (keysStale_) {
     keyFold_ = FoldOfKeys();
     keys_.Clear();
+    keys_.Reserve(tags_.size());
     for (std::uint32_t i = 0; i < tags_.size(); ++i) keys_.Insert(HashName(keyFold_, tags_[i]->ListName()), i);
     keysStale_ = false;
   }
@@ -75,17 +76,24 @@ void cTags::Remove(std::string_view szName) try {
 }
 
 bool cTags::AddItem(std::unique_ptr<cTag> tag) try {
-  const std::string_view szName = tag->szTag();
-  if (Find(szName) != NameIndex::kNowhere) return false;
-  const std::uint32_t hash = HashName(keyFold_, szName);
-  keys_.Reserve(tags_.size() + 1);  // so that nothing can fail between list and index
-  tag->inList_ = true;
-  tags_.push_back(std::move(tag));
-  keys_.Insert(hash, static_cast<std::uint32_t>(tags_.size() - 1));
+  if (Find(tag->szTag()) != NameIndex::kNowhere) return false;
+  Append(std::move(tag));
   return true;
 } catch (...) {
   modMain::Trap("cTags.AddItem : ");
   return false;
+}
+
+void cTags::Append(std::unique_ptr<cTag> tag) {
+  tag->inList_ = true;
+  if (keysStale_) {
+    tags_.push_back(std::move(tag));
+    return;
+  }
+  keys_.Reserve(tags_.size() + 1);  // so that nothing can fail between list and index
+  const std::uint32_t hash = HashName(keyFold_, tag->szTag());
+  tags_.push_back(std::move(tag));
+  keys_.Insert(hash, static_cast<std::uint32_t>(tags_.size() - 1));
 }
 
 void cTags::Refresh(std::int32_t nDeviceType, std::int32_t nPLCType) try {

@@ -60,6 +60,8 @@ class cTags {
 
   [[nodiscard]] std::string szFullName() const;
   [[nodiscard]] std::uint32_t Find(std::string_view szName);
+  /// Adds a tag whose key is known to be new.
+  void Append(std::unique_ptr<cTag> tag);
   void WriteTags(OutputFile& file);
 
   std::string szFileName_;
