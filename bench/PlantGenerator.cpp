@@ -13,7 +13,7 @@ namespace {
 constexpr int kDevices = 10;
 constexpr std::array<std::string_view, 5> kSignals{"Speed", "Current", "Running", "Fault", "Setpoint"};
 
-/// About 58 bytes a line, a comment on every second one, bounds on every tenth.
+/// About 57 bytes a line, a comment on every second one, bounds on every tenth.
 std::string TagLine(int device, std::int64_t tag) {
   const std::string_view signal = kSignals[static_cast<std::size_t>(tag) % kSignals.size()];
   std::string line = fmt::format("Line{:02}_Drive{:06}_{};DB{}.DBW{};{}", device, tag, signal, 10 + tag / 500,

@@ -9,6 +9,8 @@ namespace tavrin {
 
 /// The values among which a setting is chosen: the same for the files, the setters and the lists of the sheets.
 
+/// Types of networks and devices (NetworkType).
+inline constexpr std::array<std::int32_t, 5> kTypeNumbers{0, 1, 2, 3, 4};
 inline constexpr std::array<std::int32_t, 4> kBaudrates{19200, 38400, 57600, 115200};
 /// Highest address of an MPI bus.
 inline constexpr std::array<std::int32_t, 4> kMaxMpiNumbers{15, 31, 63, 126};

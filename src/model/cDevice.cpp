@@ -22,7 +22,6 @@ namespace {
 
 using S = DeviceSettings;
 
-constexpr std::array<std::int32_t, kNetworkTypes> kTypeNumbers{0, 1, 2, 3, 4};
 constexpr std::array<std::int32_t, 3> kPlcNumbers{1, 2, 3};
 constexpr std::array<std::int32_t, 2> kPlcNumbersWithoutIec{1, 2};
 constexpr std::string_view kAllPlcNames = "S7/S5/ZELKAR IEC1131";

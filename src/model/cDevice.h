@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "model/DeviceSettings.h"
+#include "model/DirtySettings.h"
 #include "model/tags/cTags.h"
 
 namespace tavrin {
@@ -12,18 +13,15 @@ namespace tavrin {
 /// One controller on a network. One class for all five types: the type number, always that of its network, says which
 /// settings count. A setter refuses a bad value by a message box and leaves the field; a stored value marks the device
 /// dirty. Loaded values go past the setters, so a field may lie outside its setter's range.
-class cDevice {
+class cDevice : public DirtySettings<DeviceSettings> {
  public:
-  cDevice() = default;
-  cDevice(const cDevice&) = delete;
-  cDevice& operator=(const cDevice&) = delete;
-
   /// Number in its collection; does not mark dirty.
   [[nodiscard]] std::int32_t nID() const { return settings_.nID; }
   void nID(std::int32_t value) { settings_.nID = value; }
   [[nodiscard]] std::int32_t nDeviceType() const { return settings_.nDeviceType; }
   void nDeviceType(std::int32_t value);
-  /// The name of the network's type; "unbekannt !!!" for a number outside 0 to 4.
+  /// The name of the network's type; "unbekannt !!!" for a number outside 0 to 4, in every language,
+  /// as a mark of a broken object and not a text for users.
   [[nodiscard]] std::string_view szDeviceTypeName() const;
   /// Name in the tree and of the section; uniqueness is asked by the caller.
   [[nodiscard]] const std::string& szDeviceName() const { return settings_.szDeviceName; }
@@ -134,14 +132,8 @@ class cDevice {
   [[nodiscard]] std::int32_t nTCPRW_PingEnabled() const { return settings_.nTCPRW_PingEnabled; }
   void nTCPRW_PingEnabled(std::int32_t value);
 
-  /// True when the device differs from its section.
-  [[nodiscard]] bool bDataDirty() const { return bDataDirty_; }
-  void bDataDirty(bool value) { bDataDirty_ = value; }
-
   [[nodiscard]] cTags& Tags() { return tags_; }
   [[nodiscard]] const cTags& Tags() const { return tags_; }
-  /// All stored fields as they are.
-  [[nodiscard]] const DeviceSettings& Settings() const { return settings_; }
 
   /// Reads the device's section of the network file and then its tag file; bad values become read warnings. `bOK`
   /// false: a key of the section is missing or bad; the tag file has no part in it.
@@ -151,13 +143,6 @@ class cDevice {
   void Update(bool bKeepDirty, bool& bOK);
 
  private:
-  template <class Value, class Given>
-  void Store(Value DeviceSettings::*field, const Given& value, bool accepted) {
-    if (!accepted) return;
-    settings_.*field = Value(value);
-    bDataDirty_ = true;
-  }
-
   void StoreRights(std::string DeviceSettings::*field, std::string_view value);
   void StoreSimulation(std::string DeviceSettings::*field, std::string_view value);
   void StoreLocalPort(std::int32_t DeviceSettings::*field, std::int32_t value, bool isFree(std::int32_t));
@@ -167,8 +152,6 @@ class cDevice {
   [[nodiscard]] std::string szFullName() const;
   [[nodiscard]] std::int32_t PlcTypeForTags() const;
 
-  DeviceSettings settings_;
-  bool bDataDirty_ = false;
   cTags tags_;
 };
 

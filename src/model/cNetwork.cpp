@@ -21,8 +21,6 @@ namespace tavrin {
 
 namespace {
 
-constexpr std::array<std::int32_t, kNetworkTypes> kTypeNumbers{0, 1, 2, 3, 4};
-
 bool IsOfType(const cDevice& device, NetworkType type) {
   return device.nDeviceType() == static_cast<std::int32_t>(type);
 }

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "model/DirtySettings.h"
 #include "model/NetworkSettings.h"
 #include "model/cDevices.h"
 
@@ -12,12 +13,8 @@ namespace tavrin {
 /// One connection medium of the server with its own file. One class for all five types: the type number says which
 /// settings count. A setter refuses a bad value by a message box and leaves the field; a stored value marks the
 /// network dirty. Loaded values go past the setters, so a field may lie outside its setter's range.
-class cNetwork {
+class cNetwork : public DirtySettings<NetworkSettings> {
  public:
-  cNetwork() = default;
-  cNetwork(const cNetwork&) = delete;
-  cNetwork& operator=(const cNetwork&) = delete;
-
   /// Number in its collection; does not mark dirty.
   [[nodiscard]] std::int32_t nID() const { return settings_.nID; }
   void nID(std::int32_t value) { settings_.nID = value; }
@@ -60,14 +57,8 @@ class cNetwork {
   [[nodiscard]] const std::string& szTCPRW_LocalIP() const { return settings_.szTCPRW_LocalIP; }
   void szTCPRW_LocalIP(std::string_view value);
 
-  /// True when the network differs from its file.
-  [[nodiscard]] bool bDataDirty() const { return bDataDirty_; }
-  void bDataDirty(bool value) { bDataDirty_ = value; }
-
   [[nodiscard]] cDevices& Devices() { return devices_; }
   [[nodiscard]] const cDevices& Devices() const { return devices_; }
-  /// All stored fields as they are.
-  [[nodiscard]] const NetworkSettings& Settings() const { return settings_; }
 
   /// Reads the network file, its devices and their tags; bad values become read warnings. Only appends: meant for a
   /// fresh object. `bOK` false: the file or one of the network's own keys is missing or bad.
@@ -87,17 +78,8 @@ class cNetwork {
   [[nodiscard]] std::int32_t GetNewMPISlaveNo() const;
 
  private:
-  template <class Value, class Given>
-  void Store(Value NetworkSettings::*field, const Given& value, bool accepted) {
-    if (!accepted) return;
-    settings_.*field = Value(value);
-    bDataDirty_ = true;
-  }
-
   void AddDevice(std::string szDeviceName);
 
-  NetworkSettings settings_;
-  bool bDataDirty_ = false;
   cDevices devices_;
 };
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "model/DirtySettings.h"
 #include "model/ProjectSettings.h"
 #include "model/cNetworks.h"
 
@@ -13,11 +14,9 @@ namespace tavrin {
 /// Exactly one is live at a time, reached through modMain::globals.gOPC. Making one renews both warning lists.
 /// A setter refuses a bad value by a message box and leaves the field; a stored value marks the root dirty. Loaded
 /// values go past the setters.
-class cOPC {
+class cOPC : public DirtySettings<ProjectSettings> {
  public:
   cOPC();
-  cOPC(const cOPC&) = delete;
-  cOPC& operator=(const cOPC&) = delete;
 
   /// Project file without directory. The present name in another case is ignored; a name in use is refused.
   [[nodiscard]] const std::string& szFileName() const { return settings_.szFileName; }
@@ -36,14 +35,8 @@ class cOPC {
   [[nodiscard]] std::int32_t nSaveTagsUppercase() const { return settings_.nSaveTagsUppercase; }
   void nSaveTagsUppercase(std::int32_t value);
 
-  /// True when the root's own settings differ from disk; says nothing of networks, devices and tags.
-  [[nodiscard]] bool bDataDirty() const { return bDataDirty_; }
-  void bDataDirty(bool value) { bDataDirty_ = value; }
-
   [[nodiscard]] cNetworks& Networks() { return networks_; }
   [[nodiscard]] const cNetworks& Networks() const { return networks_; }
-  /// All stored fields as they are.
-  [[nodiscard]] const ProjectSettings& Settings() const { return settings_; }
 
   /// True when no device of the open project has the name, in any case. The object that asks is not left out, here
   /// and in the next two.
@@ -69,19 +62,10 @@ class cOPC {
   [[nodiscard]] bool bOpcProjectDirty() const;
 
  private:
-  template <class Value, class Given>
-  void Store(Value ProjectSettings::*field, const Given& value, bool accepted) {
-    if (!accepted) return;
-    settings_.*field = Value(value);
-    bDataDirty_ = true;
-  }
-
   void AddNetwork(std::string szNetworkName, const std::string& file, bool& bOK);
   void RefreshFrom(const std::string& file, bool& bOK);
   static void UpdateNetwork(cNetwork& network, bool bKeepDirty, bool& bOK);
 
-  ProjectSettings settings_;
-  bool bDataDirty_ = false;
   cNetworks networks_;
 };
 

@@ -12,6 +12,7 @@ namespace tavrin {
 namespace {
 
 constexpr std::size_t kLongestFileName = 32;
+// Only a broken checker gives it. The wording is fixed in every language, so that support finds it letter by letter.
 constexpr std::string_view kUnknownCheckResult = "unbekannter Fehler beim Prüfen eibnes Tagnames (cTag.szTag)";
 
 }  // namespace
