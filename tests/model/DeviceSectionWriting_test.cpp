@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "model/DeviceSectionTest.h"
+#include "model/RawSettings.h"
 
 namespace tavrin {
 namespace {
@@ -76,6 +77,17 @@ TEST_F(DeviceSectionWriting, AnMpiControllerIsAlwaysS7) {
   EXPECT_THAT(Written(device), testing::StartsWith("[Dev]\r\nPLCType=S7\r\n"));
 }
 
+TEST_F(DeviceSectionWriting, AControllerWithoutATextIsNotWritten) {
+  for (const NetworkType type : {NetworkType::H1, NetworkType::TcpRw, NetworkType::TcpIpk}) {
+    SCOPED_TRACE(static_cast<int>(type));
+    cDevice& device = Read(type, FullSections().at(type));
+    auto& settings = RawSettings(device);
+    settings.nH1_PLCType = settings.nTCPRW_PLCType = settings.nTCPIPK_PLCType = 4;
+    EXPECT_EQ(Written(device), Section(With(type, "PLCType", std::nullopt)) + "\r\n");
+    EXPECT_TRUE(bOK);
+  }
+}
+
 TEST_F(DeviceSectionWriting, ClearsTheMarkUnlessItIsToBeKept) {
   cDevice& device = NewDevice(NetworkType::Mpi);
   device.bDataDirty(true);
@@ -102,6 +114,15 @@ TEST_F(DeviceSectionWriting, ADeviceInAnUnknownDirectoryIsToldAndNotWritten) {
   EXPECT_TRUE(device.bDataDirty());
   EXPECT_THAT(WriteWarnings(), ElementsAre("Device||#214 ")) << "a project that has no name yet";
   EXPECT_FALSE(directory.Has("Net.ini"));
+}
+
+TEST_F(DeviceSectionWriting, OfFileNameAndProjectDirectoryTheFileNameIsMissedFirst) {
+  cDevice device;
+  device.szDeviceName("Dev");
+  modMain::globals.gszProjectDir.clear();
+  device.Update(false, bOK);
+  EXPECT_TRUE(bOK);
+  EXPECT_THAT(WriteWarnings(), ElementsAre("Device||#216 Dev"));
 }
 
 TEST_F(DeviceSectionWriting, AFailedEmptyLineIsIgnored) {

@@ -273,6 +273,13 @@ TEST_F(DeviceSectionReading, TheControllerOfMpiAndIsoIsNeverRead) {
   }
 }
 
+TEST_F(DeviceSectionReading, AnMpiControllerIsS7AfterEveryRead) {
+  cDevice& device = Read(kMpi, FullSections().at(kMpi));
+  device.nMPI_PLCType(2);
+  device.Refresh(bOK);
+  EXPECT_EQ(device.nMPI_PLCType(), 1);
+}
+
 TEST_F(DeviceSectionReading, AGapSizeKeepsItsFractionAndIsToldRounded) {
   const cDevice& device = Read(kRw, With(kRw, "MaxGapSize", "12.50 items"));
   EXPECT_EQ(device.Settings().nTCPRW_MaxGapSize, "12.5");

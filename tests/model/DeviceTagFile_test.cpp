@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "model/DeviceSectionTest.h"
+#include "model/RawSettings.h"
 
 namespace tavrin {
 namespace {
@@ -82,6 +83,24 @@ TEST_F(DeviceTagFileTest, TheTagsAreLoadedForTheTypeAndControllerOfTheDevice) {
   }
   EXPECT_THAT(asked, ElementsAre(std::tuple("MB10", 0, 1), std::tuple("MB10", 1, 3), std::tuple("MB10", 2, 1),
                                  std::tuple("MB10", 3, 2), std::tuple("MB10", 4, 2)));
+}
+
+TEST_F(DeviceTagFileTest, ADeviceOfNoTypeReadsNeitherKeysNorTags) {
+  directory.Write("tags.csv", Lines({"T1;MB10;RW"}));
+  directory.Write("Net.ini", Section(FullSections().at(NetworkType::Mpi)));
+  for (const std::int32_t type : {-1, 5}) {
+    SCOPED_TRACE(type);
+    cDevice& device = NewDevice(NetworkType::Mpi);
+    device.szTagFileName("tags.csv");
+    RawSettings(device).nDeviceType = type;
+    device.Refresh(bOK);
+    EXPECT_TRUE(bOK);
+    EXPECT_THAT(SectionProperties(device), ElementsAre("szTagFileName=tags.csv"));
+    EXPECT_EQ(device.Tags().Count(), 0);
+    EXPECT_FALSE(device.bDataDirty());
+    EXPECT_THAT(ReadWarnings(), IsEmpty());
+    EXPECT_THAT(Boxes(), IsEmpty());
+  }
 }
 
 TEST_F(DeviceTagFileTest, TheLoadOfTheTagsHasNoPartInTheResult) {

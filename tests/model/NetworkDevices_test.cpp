@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "model/RawSettings.h"
 #include "model/cNetwork.h"
 #include "platform/RuntimeError.h"
 #include "support/ProjectTest.h"
@@ -60,6 +61,14 @@ TEST_F(NetworkDevicesTest, ADeviceHasTypeAndFileOfItsNetworkAndIsClean) {
   EXPECT_EQ(device.nTCPISO_SlotNo(), 7);
   EXPECT_FALSE(device.bDataDirty());
   EXPECT_FALSE(network.bDataDirty());
+}
+
+TEST_F(NetworkDevicesTest, ADeviceOfANetworkOfNoTypeKeepsTheFirstType) {
+  RawSettings(network).nNetworkType = 5;
+  EXPECT_EQ(network.szNetworkTypeName(), "");
+  static_cast<void>(Refresh("[dev]\r\n"));
+  ASSERT_EQ(network.Devices().Count(), 1);
+  EXPECT_EQ(network.Devices().Device(1)->nDeviceType(), 0);
 }
 
 TEST_F(NetworkDevicesTest, ResultsOfTheNameCheckAreToldAndTheDeviceIsLoaded) {
@@ -129,6 +138,7 @@ TEST_F(NetworkDevicesTest, AnErrorInTheMiddleLeavesTheDevicesMadeSoFarUnread) {
   EXPECT_THAT(Boxes(), ElementsAre("#199 13 #200 cNetwork.Refresh : Type mismatch"));
   EXPECT_THAT(Names(), ElementsAre("a"));
   EXPECT_EQ(network.Devices().Device(1)->nTCPISO_SlotNo(), 2);
+  EXPECT_FALSE(network.Devices().Device(1)->bDataDirty());
   EXPECT_THAT(ReadWarnings(), IsEmpty());
   EXPECT_FALSE(network.bDataDirty());
 }

@@ -168,6 +168,14 @@ TEST_F(NetworkKeysTest, ComPortIsAWholeTextNumberFrom1) {
   });
 }
 
+TEST_F(NetworkKeysTest, AComPortInUseIsAFailureEvenIfTheNetworkItselfHasIt) {
+  EXPECT_TRUE(Refresh(0));
+  bool bOK = true;
+  read->Refresh(bOK);
+  EXPECT_FALSE(bOK);
+  EXPECT_EQ(ReadWarnings(), Told({"#207 ComPort (3) #230"}));
+}
+
 TEST_F(NetworkKeysTest, OwnNumberAboveTheMaximumIsStoredAndTold) {
   CheckAll({
       {0, "OwnMPISlaveNo", "0", "nMPI_OwnMPINo", "0"},

@@ -191,6 +191,14 @@ TEST_F(NetworkSaveTest, WithoutAProjectDirectoryNothingIsWrittenAndTheMarkStays)
   EXPECT_FALSE(std::filesystem::exists(network.szFileName()));
 }
 
+TEST_F(NetworkSaveTest, OfFileNameAndProjectDirectoryTheFileNameIsMissedFirst) {
+  cNetwork network;
+  network.szNetworkName("nameless");
+  modMain::globals.gszProjectDir.clear();
+  EXPECT_TRUE(Update(network));
+  EXPECT_THAT(WriteWarnings(), ElementsAre("Network||#215 nameless"));
+}
+
 TEST_F(NetworkSaveTest, ANetworkLoadedWithoutAFileNameIsToldOnSaveWhichSucceeds) {
   directory.Write("ZOPCSRV.ini", Lines({"[General]", "LogFileSize=5", "[net]", "Protocol=H1"}));
   EXPECT_FALSE(Load());

@@ -225,6 +225,17 @@ TEST_F(ProjectFileTest, ResultsOfTheNameCheckAreToldAndTheNetworkIsLoaded) {
   EXPECT_EQ(Project().Networks().Count(), 6);
 }
 
+TEST_F(ProjectFileTest, ANameThatTheCheckHasNormalisedIsUsedFromThenOn) {
+  syntax.nodeName = [](std::string& name) {
+    name = name.substr(0, 1);
+    return 1;
+  };
+  EXPECT_TRUE(RefreshNetworks({"[a]", "Protocol=H1", "Configuration=a.ini", "[abc]"}));
+  EXPECT_THAT(RootWarnings(), ElementsAre("Network|ZOPCSRV.ini|#225 (a)", "Network|ZOPCSRV.ini|#225 (a)",
+                                          "Network|ZOPCSRV.ini|#210 (a)", "Network|ZOPCSRV.ini|#212 (a.ini)"));
+  EXPECT_THAT(NetworksRead(), ElementsAre("a|1|a.ini", "a|1|a.ini"));
+}
+
 // The list has both names, but the keys of the second section are never found: the first of a name counts.
 TEST_F(ProjectFileTest, TwoSectionsThatDifferOnlyInCaseAreTwoNetworksOfTheFirstSectionsKeys) {
   EXPECT_TRUE(RefreshNetworks({"[K\xE4lte]", "Protocol=H1", "Configuration=a.ini", "[K\xC4LTE]",
@@ -288,6 +299,7 @@ TEST_F(ProjectFileTest, AnErrorInTheMiddleLeavesTheNetworksMadeSoFarUnread) {
   EXPECT_TRUE(RefreshNetworks({"[a]", "Protocol=H1", "Configuration=a.ini", "[b]", "[c]"}));
   EXPECT_THAT(Boxes(), ElementsAre("#199 5 #200 cOPC.Refresh : Invalid procedure call or argument"));
   EXPECT_THAT(NetworksRead(), ElementsAre("a|1|a.ini"));
+  EXPECT_FALSE(Network(1).bDataDirty());
   EXPECT_THAT(ReadWarnings(), IsEmpty());  // the missing a.ini would be told
 }
 

@@ -148,15 +148,18 @@ TEST_F(ProjectSaveTest, UpdateWritesTheProjectFileAndItsOwnMarkAlone) {
 }
 
 TEST_F(ProjectSaveTest, UpdateAllClearsEveryMarkUnlessToldNotTo) {
-  AddDevice(AddNetwork(NetworkType::H1, "net"), "dev");
+  cTags& tags = AddDevice(AddNetwork(NetworkType::H1, "net"), "dev").Tags();
+  EXPECT_TRUE(tags.AddItem(std::make_unique<cTag>()));
   for (const bool keep : {true, false}) {
     MarkAll(true);
+    tags.begin()->bDataDirty(true);
     bool bOK = false;
     Project().UpdateAll(keep, bOK);
     EXPECT_TRUE(bOK);
     EXPECT_EQ(Project().bDataDirty(), keep);
     EXPECT_EQ(Network(1).bDataDirty(), keep);
     EXPECT_EQ(Device(1, 1).bDataDirty(), keep);
+    EXPECT_FALSE(tags.AnyDirty()) << "a written tag is clean whatever is told";
     for (const char* file : {"ZOPCSRV.ini", "net.ini", "dev.csv"}) EXPECT_TRUE(directory.Has(file)) << file;
   }
 }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "model/DeviceProperties.h"
+#include "model/RawSettings.h"
 #include "support/ProjectTest.h"
 
 namespace tavrin {
@@ -60,6 +61,24 @@ TEST_F(DeviceTest, NamesItsTypeLikeItsNetwork) {
   }
   EXPECT_THAT(names,
               ElementsAre("MPI over COMPort", "H1", "ISO over TCP/IP", "Read/Write over TCP/IP", "IPK over TCP/IP"));
+}
+
+TEST_F(DeviceTest, ANumberWithoutATypeOrControllerHasNoNameOfOne) {
+  cDevice device;
+  for (const int type : {-1, 5}) {
+    RawSettings(device).nDeviceType = type;
+    EXPECT_EQ(device.szDeviceTypeName(), "unbekannt !!!");
+  }
+  for (const int plc : {-1, 0, 4}) {
+    RawSettings(device).nH1_PLCType = plc;
+    EXPECT_EQ(device.szH1_PLCType(), "");
+  }
+  for (const int plc : {-1, 0, 3}) {
+    RawSettings(device).nTCPRW_PLCType = plc;
+    RawSettings(device).nTCPIPK_PLCType = plc;
+    EXPECT_EQ(device.szTCPRW_PLCType(), "");
+    EXPECT_EQ(device.szTCPIPK_PLCType(), "");
+  }
 }
 
 struct Accepted {

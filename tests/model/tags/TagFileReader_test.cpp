@@ -8,6 +8,7 @@
 #include <tuple>
 #include <vector>
 
+#include "model/RawSettings.h"
 #include "model/tags/TagListTest.h"
 
 namespace tavrin {
@@ -187,6 +188,18 @@ TEST_F(TagFileReaderTest, NamesOfOtherCaseLoadAndAreToldUnlessCaseCounts) {
     EXPECT_EQ(names.Count(), row.added ? 2 : 1);
     EXPECT_EQ(names.begin()->szTag(), row.first) << "the case is kept";
   }
+}
+
+TEST_F(TagFileReaderTest, ANameIsUpperCasedForTheOneNumberThatNoProjectHas) {
+  RawSettings(Project()).nCaseSensitive = -1;
+  std::string asked;
+  syntax.tagName = [&](std::string& name) {
+    asked = name;
+    return 0;
+  };
+  Read("a\xE4 Bc;D;RW\r\n");
+  EXPECT_EQ(asked, "A\xC4 BC");
+  EXPECT_THAT(Names(), ElementsAre("A\xC4 BC"));
 }
 
 TEST_F(TagFileReaderTest, ALineIsWarnedOfInTheOrderOfItsFields) {

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "model/RawSettings.h"
 #include "support/ProjectTest.h"
 
 namespace tavrin {
@@ -110,6 +111,16 @@ TEST_F(TagTest, AcceptedValuesMarkItAndRefusedOnesSetTheErrorFlagOnly) {
   }
 }
 
+TEST_F(TagTest, ARefusalLeavesTheMarkOfAnEarlierChange) {
+  for (const TextProperty& property : kChecked) {
+    Fill(tag);
+    tag.bDataDirty(true);
+    property.set(tag, "");
+    EXPECT_TRUE(tag.bDataDirty()) << property.name;
+    EXPECT_EQ(Boxes().size(), 1U) << property.name;
+  }
+}
+
 TEST_F(TagTest, FreeTextsAreKeptAsGivenAndLeaveTheErrorFlag) {
   for (const TextProperty& property : kFree) {
     for (const bool error : {false, true}) {
@@ -204,6 +215,14 @@ TEST_F(TagTest, NameAndSourceKeepTheirCaseWhateverTheProjectSays) {
   }
 }
 
+TEST_F(TagTest, NameAndSourceAreUpperCasedForTheOneNumberThatNoProjectHas) {
+  RawSettings(Project()).nCaseSensitive = -1;
+  tag.szTag("a\xE4 Bc");
+  tag.szData("mB10");
+  EXPECT_EQ(tag.szTag(), "A\xC4 BC");
+  EXPECT_EQ(tag.szData(), "MB10");
+}
+
 TEST_F(TagTest, TheLineHasEachOptionalTextThatIsNotEmptyInItsOrder) {
   Fill(tag);
   EXPECT_EQ(tag.szComplete(), "Name;mb10;RO;HYL=1;HYU=2;LB=3;UB=4;TST=5;CMT=a b");
@@ -240,6 +259,14 @@ TEST_F(TagTest, OnlyTheNameIsUpperCasedInTheLine) {
   EXPECT_EQ(tag.szComplete(), "NA\xC4ME;mb10;RO;HYL=1;HYU=2;LB=3;UB=4;TST=5;CMT=a b");
   EXPECT_EQ(tag.szTag(), "Na\xE4me");
   EXPECT_THAT(tag.szTagGridLine(), testing::StartsWith("Na\xE4me\tNa\xE4me\t"));
+}
+
+TEST_F(TagTest, NumbersOtherThan1DoNotUpperCaseTheLine) {
+  Fill(tag);
+  for (const std::int32_t number : {-1, 0, 2}) {
+    RawSettings(Project()).nSaveTagsUppercase = number;
+    EXPECT_THAT(tag.szComplete(), testing::StartsWith("Name;")) << number;
+  }
 }
 
 TEST_F(TagTest, TheSeparatorOfTheLineIsFixed) {

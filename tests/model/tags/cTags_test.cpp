@@ -1,9 +1,11 @@
 #include "model/tags/cTags.h"
 
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "model/RawSettings.h"
 #include "model/tags/TagListTest.h"
 
 namespace tavrin {
@@ -182,6 +184,13 @@ TEST_F(TagsTest, WritesTheTagsInTheirOrderOneALine) {
   EXPECT_THAT(WriteWarnings(), IsEmpty());
 }
 
+TEST_F(TagsTest, AnOldFileUnderAnotherCaseIsReplaced) {
+  directory.Write("TAGS.CSV", "old content");
+  Add("a");
+  EXPECT_EQ(Written(), Lines({"a"}));
+  EXPECT_FALSE(directory.Has("TAGS.CSV"));
+}
+
 TEST_F(TagsTest, AnEmptyListMakesAnEmptyFile) {
   directory.Write("tags.csv", "old content");
   EXPECT_EQ(Written(), "");
@@ -205,6 +214,8 @@ TEST_F(TagsTest, NamesAreUpperCasedInTheFileOnly) {
   Project().nSaveTagsUppercase(1);
   EXPECT_EQ(Written(), Lines({"AB;MB1;RW;CMT=c"}));
   EXPECT_THAT(Names(), ElementsAre("ab"));
+  RawSettings(Project()).nSaveTagsUppercase = 2;
+  EXPECT_EQ(Written(), Lines({"ab;MB1;RW;CMT=c"})) << "a number without a meaning counts as 0";
 }
 
 TEST_F(TagsTest, AnIncompleteLineComesBackWithItsWarning) {
@@ -234,12 +245,18 @@ TEST_F(TagsTest, AListWithoutAFileIsToldAndNotWritten) {
   cTags nameless;
   EXPECT_TRUE(nameless.Update());
   EXPECT_THAT(WriteWarnings(), ElementsAre("Tag||#217 "));
+  modMain::globals.gszProjectDir.clear();
+  EXPECT_TRUE(nameless.Update());
+  EXPECT_THAT(WriteWarnings(), ElementsAre("Tag||#217 ", "Tag||#217 ")) << "the file is missed before the directory";
 }
 
 TEST_F(TagsTest, AnUnknownDirectoryIsToldAndNothingWritten) {
+  const std::string name = "no such tags anywhere.csv";
+  list.szFileName(name);
   modMain::globals.gszProjectDir.clear();
   EXPECT_TRUE(list.Update());
-  EXPECT_THAT(WriteWarnings(), ElementsAre(Warned("#214 ")));
+  EXPECT_THAT(WriteWarnings(), ElementsAre("Tag|" + name + "|#214 "));
+  EXPECT_FALSE(std::filesystem::exists(name));
 }
 
 TEST_F(TagsTest, AFileThatCannotBeMadeIsReported) {
