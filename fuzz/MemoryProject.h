@@ -13,6 +13,7 @@
 #include "model/shared/cWarnings.h"
 #include "model/shared/modMain.h"
 #include "platform/headless/HeadlessDesktop.h"
+#include "platform/headless/MemorySettings.h"
 #include "platform/profile/ProfiledFiles.h"
 
 namespace tavrin {
@@ -51,7 +52,8 @@ class MemoryProject {
   NoRegistry registry_;
   NumberTexts texts_;
   LengthSyntax syntax_;
-  Services services_{desktop_, files_, files_, registry_, texts_, syntax_};
+  MemorySettings settings_;
+  Services services_{desktop_, files_, files_, registry_, texts_, syntax_, settings_, {}};
 };
 
 }  // namespace tavrin

@@ -10,6 +10,8 @@
 
 namespace tavrin {
 
+class Grid;
+
 /// One controller on a network. One class for all five types: the type number, always that of its network, says which
 /// settings count. A setter refuses a bad value by a message box and leaves the field; a stored value marks the device
 /// dirty. Loaded values go past the setters, so a field may lie outside its setter's range.
@@ -136,6 +138,10 @@ class cDevice : public DirtySettings<DeviceSettings> {
   [[nodiscard]] const cTags& Tags() const { return tags_; }
 
   /// Reads the device's section of the network file and then its tag file; bad values become read warnings. `bOK`
+  /// Fills the grid of the device's type and the tag grid, and brings both on show, under the hourglass; a type outside
+  /// 0 to 4 fills nothing.
+  void Show(Grid& grid) const;
+
   /// false: a key of the section is missing or bad; the tag file has no part in it.
   void Refresh(bool& bOK);
   /// Writes the section into the network file, which the network has just made anew. `bKeepDirty` true leaves the

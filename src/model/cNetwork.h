@@ -10,6 +10,8 @@
 
 namespace tavrin {
 
+class Grid;
+
 /// One connection medium of the server with its own file. One class for all five types: the type number says which
 /// settings count. A setter refuses a bad value by a message box and leaves the field; a stored value marks the
 /// network dirty. Loaded values go past the setters, so a field may lie outside its setter's range.
@@ -66,6 +68,9 @@ class cNetwork : public DirtySettings<NetworkSettings> {
   /// Writes the network file anew, without the sections of the devices, which follow by their own Update.
   /// `bKeepDirty` true leaves the mark. `bOK` false only after an error.
   void Update(bool bKeepDirty, bool& bOK);
+
+  /// Fills the grid of the network's type and brings it on show; a type outside 0 to 4 fills nothing.
+  void Show(Grid& grid) const;
 
   /// True when no MPI device of this network and not the network itself has the number. The device or network that
   /// is being edited is not left out.

@@ -10,6 +10,9 @@
 
 namespace tavrin {
 
+class Grid;
+class Tree;
+
 /// Root of a project: the server's general settings, the networks, and the answers to questions that span the tree.
 /// Exactly one is live at a time, reached through modMain::globals.gOPC. Making one renews both warning lists.
 /// A setter refuses a bad value by a message box and leaves the field; a stored value marks the root dirty. Loaded
@@ -57,6 +60,12 @@ class cOPC : public DirtySettings<ProjectSettings> {
   void Update(bool bKeepDirty, bool& bOK);
   /// Writes everything: the project file, then each network with its devices and their tag files.
   void UpdateAll(bool bKeepDirty, bool& bOK);
+
+  /// Fills vsgOPC and brings it on show.
+  void Show(Grid& grid) const;
+  /// Fills the tree with the whole project, all open, and shows it: the root with key "#1" and tag 0; a network with
+  /// key "#1#" and its nID, tag type + 1; a device with its network's key, "#" and its nID, tag type of the network + 6.
+  void ShowTVWStructure(Tree& tree) const;
 
   /// True when root, any network, any device or any tag of the open project differs from disk.
   [[nodiscard]] bool bOpcProjectDirty() const;

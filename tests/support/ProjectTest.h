@@ -12,6 +12,7 @@
 #include "model/shared/cWarnings.h"
 #include "model/shared/modMain.h"
 #include "platform/headless/HeadlessDesktop.h"
+#include "platform/headless/MemorySettings.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/UnitRegistry.h"
 #include "platform/profile/ProfiledFiles.h"
@@ -60,7 +61,8 @@ class ProjectTest : public testing::Test {
   UnitRegistry registry{files, directory.Path()};
   NumberTexts texts;
   ScriptedSyntax syntax;
-  Services services{desktop, files, files, registry, texts, syntax};
+  MemorySettings settings;
+  Services services{desktop, files, files, registry, texts, syntax, settings, directory.Path() + "app"};
 };
 
 }  // namespace tavrin

@@ -29,6 +29,11 @@ std::string UseConfiguredCodePage(ProfileFiles& profiles, const std::string& dir
   return InCodePage(directory);
 }
 
+std::string WithoutSeparator(std::string directory) {
+  if (directory.size() > 1 && directory.back() == kPathSeparator) directory.pop_back();
+  return directory;
+}
+
 std::unique_ptr<TextLibrary> MakeTexts(Wording wording, Files& files, const std::string& directory) {
   if (wording == Wording::Numbers) return std::make_unique<NumberTexts>();
   return std::make_unique<TextCatalogue>(files, directory + "texts" + kPathSeparator);
@@ -39,7 +44,8 @@ std::unique_ptr<TextLibrary> MakeTexts(Wording wording, Files& files, const std:
 Host::Host(Wording wording, const std::string& applicationDirectory)
     : directory_(UseConfiguredCodePage(files_, applicationDirectory)),
       texts_(MakeTexts(wording, files_, directory_)),
-      services_{desktop_, files_, files_, registry_, *texts_, syntax_} {
+      services_{desktop_, files_, files_, registry_, *texts_, syntax_, settings_, WithoutSeparator(directory_)} {
+  texts_->Init();
   modMain::globals = modMain::State{};
   modMain::globals.services = &services_;
   modMain::globals.gnLanguage = wording == Wording::German ? kGerman : kEnglish;

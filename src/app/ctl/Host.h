@@ -7,6 +7,7 @@
 #include "model/shared/modMain.h"
 #include "platform/headless/HeadlessDesktop.h"
 #include "platform/posix/PosixFiles.h"
+#include "platform/posix/PosixSettingsStore.h"
 #include "platform/posix/UnitRegistry.h"
 #include "platform/profile/ProfiledFiles.h"
 
@@ -38,6 +39,7 @@ class Host {
   ProfiledFiles files_{systemFiles_};
   UnitRegistry registry_{files_};
   LengthSyntax syntax_;
+  PosixSettingsStore settings_{files_};
   std::string directory_;  // of the program, in the code page in use
   std::unique_ptr<TextLibrary> texts_;
   Services services_;

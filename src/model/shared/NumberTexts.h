@@ -10,6 +10,7 @@ namespace tavrin {
 /// tests.
 class NumberTexts : public TextLibrary {
  public:
+  void Init() override {}
   [[nodiscard]] std::string LoadText(int number, int /*language*/) override { return "#" + std::to_string(number); }
 };
 

@@ -91,7 +91,7 @@ std::vector<CatalogueText> ParseCatalogue(std::string_view file) {
   return texts;
 }
 
-TextCatalogue::TextCatalogue(Files& files, std::string directory) : files_(files), directory_(std::move(directory)) {
+void TextCatalogue::Init() {
   const bool german = !Texts(kGerman).empty();
   const bool english = !Texts(kEnglish).empty();
   if (!german && !english) throw RuntimeError(ErrorNumber::FileNotFound);

@@ -3,6 +3,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/Files.h"
@@ -26,11 +27,13 @@ struct CatalogueText {
 /// file.
 class TextCatalogue : public TextLibrary {
  public:
-  /// Reads German and English, one of which every installation has; other languages are read on their first use.
   /// @param files outlives the catalogue
   /// @param directory of the files, with a trailing separator
+  TextCatalogue(Files& files, std::string directory) : files_(files), directory_(std::move(directory)) {}
+
+  /// Reads German and English, one of which every installation has; other languages are read on their first use.
   /// @throws RuntimeError 53 when neither of the two can be read: without any words the program is of no use
-  TextCatalogue(Files& files, std::string directory);
+  void Init() override;
 
   /// In the code page in use at the time of the call; a character that it does not have becomes "?". A language whose
   /// file is missing or cannot be read has no texts.

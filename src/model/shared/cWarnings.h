@@ -9,6 +9,9 @@
 
 namespace tavrin {
 
+class Grid;
+class Label;
+
 /// The warnings of one load or save, in the order in which they were found.
 class cWarnings {
  public:
@@ -25,6 +28,9 @@ class cWarnings {
   [[nodiscard]] std::int32_t Count() const { return static_cast<std::int32_t>(warnings_.size()); }
   /// @param index counted from 1 @throws RuntimeError 9 for a position that does not exist
   void Remove(std::int32_t index);
+
+  /// Fills the warnings grid, a row a warning, empties the label of its current cell, and brings the grid on show.
+  void Show(Grid& grid, Label& label) const;
 
   [[nodiscard]] auto begin() const { return warnings_.begin(); }
   [[nodiscard]] auto end() const { return warnings_.end(); }

@@ -10,6 +10,7 @@
 #include "platform/ProfileFiles.h"
 #include "platform/Registry.h"
 #include "platform/ServerSyntax.h"
+#include "platform/SettingsStore.h"
 #include "platform/TextLibrary.h"
 
 namespace tavrin {
@@ -17,6 +18,8 @@ namespace tavrin {
 class cNetwork;
 class cOPC;
 class cWarnings;
+class Grid;
+struct RightPane;
 
 /// What the program needs of the machine. The main program owns the services and outlives the model.
 struct Services {
@@ -26,6 +29,8 @@ struct Services {
   Registry& registry;
   TextLibrary& texts;
   ServerSyntax& syntax;
+  SettingsStore& settings;
+  std::string applicationDirectory;  ///< where texts, Tavrin.INI and the sample stand, without a trailing separator
 };
 
 /// State of the process and the helpers that everything above leans on.
@@ -52,6 +57,7 @@ struct State {
   bool gbQueryOnSave = true;        ///< ask before the project is written
   bool gbDemo = false;              ///< online windows use the demonstration server
   bool gbTest = false;              ///< the scripted test run is offered
+  RightPane* pane = nullptr;        ///< the sheets of the main window; none before it exists
   std::int32_t nTrappedErrors = 0;  ///< errors that the trap has told since the start
 };
 
@@ -65,6 +71,11 @@ extern State globals;
 [[nodiscard]] std::string RootFileName();
 /// The network selected in the tree. @throws RuntimeError 91 when none is selected
 [[nodiscard]] cNetwork& CurrentNetwork();
+/// The sheets of the main window. @throws RuntimeError 91 before it exists
+[[nodiscard]] RightPane& Pane();
+/// Brings one grid of the pane on show and hides the others, each with the controls that go with it: the tag grid with a
+/// device's sheet, a label with the tags and with the warnings. nullptr or a grid of another window: hides all.
+void SetVisible(const Grid* grid);
 /// The warning lists, made when missing.
 [[nodiscard]] cWarnings& ReadWarnings();
 [[nodiscard]] cWarnings& WriteWarnings();

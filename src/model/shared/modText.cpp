@@ -4,6 +4,8 @@
 
 namespace tavrin {
 
+void ResInit() { modMain::Platform().texts.Init(); }
+
 std::string ResText(std::int32_t number) {
   std::string text;
   modMain::IgnoreErrors([&] {

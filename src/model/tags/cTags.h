@@ -12,6 +12,7 @@
 
 namespace tavrin {
 
+class Grid;
 class OutputFile;
 
 /// The tags of one device in the order of their file, and that file's reader and writer.
@@ -51,6 +52,10 @@ class cTags {
   /// Writes the tag file anew and clears the marks of the tags written. A failure leaves a partial file and the marks
   /// of the tags that did not reach it. @return false after an error, which was told
   bool Update();
+
+  /// Fills the tag grid: a row a tag behind the heading, and an empty one for a new tag. The widths of the columns
+  /// follow the type of the device; any other type than 0 to 4 sets none and adds no tag.
+  void Show(Grid& grid, std::int32_t nDeviceType) const;
 
   [[nodiscard]] OwnedIterator<cTag> begin() const { return OwnedIterator<cTag>(tags_.begin()); }
   [[nodiscard]] OwnedIterator<cTag> end() const { return OwnedIterator<cTag>(tags_.end()); }

@@ -194,6 +194,7 @@ TEST_F(TextCatalogueTest, ADirectoryAndAHugeFileAreNoCatalogue) {
   files_.entries["texts/10.txt"].directory = true;
   files_.entries["texts/12.txt"] = {"30=OK\n", true, false, std::uint64_t{1} << 40};
   TextCatalogue catalogue(files_, "texts/");
+  catalogue.Init();
   EXPECT_EQ(catalogue.LoadText(30, 10), "");
   EXPECT_EQ(catalogue.LoadText(30, 12), "");
   EXPECT_EQ(files_.reads, (std::vector<std::string>{"texts/9.txt"}));
@@ -202,7 +203,8 @@ TEST_F(TextCatalogueTest, ADirectoryAndAHugeFileAreNoCatalogue) {
 /// The number of the error that opening ends in, 0 for none.
 int ErrorOfOpening(CatalogueFiles& files) {
   try {
-    const TextCatalogue catalogue(files, "texts/");
+    TextCatalogue catalogue(files, "texts/");
+    catalogue.Init();
   } catch (const RuntimeError& error) {
     return static_cast<int>(error.Number());
   }

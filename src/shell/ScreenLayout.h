@@ -1,0 +1,36 @@
+#pragma once
+
+namespace tavrin {
+
+class frmOPC;
+class Picture;
+
+/// Shape and place of everything in the main window; all lengths are twips.
+class ScreenLayout {
+ public:
+  /// Wires splitters and the menu of the font sizes.
+  explicit ScreenLayout(frmOPC& form);
+
+  /// Gives grids and tree their shape and labels, switches the entries of the edit menu and the delete button off until
+  /// a node is clicked, and sets the font.
+  void GUI_Init();
+  /// Computes all places from the size of the window and the two splitters; errors are ignored.
+  void SizeControls();
+  /// Gives all grids and the tree the font size nFontSize.
+  void SetFont();
+  /// 1 small, 2 large.
+  void mnuSize_Click(int index);
+
+  /// Splitters stay this far from the edges of the window.
+  static constexpr float kSplitterMargin = 2000;
+
+ private:
+  void WireSplitter(Picture& bar, Picture& shadow, bool across);
+  void ShapeSheets();
+  void ShapeLists();
+  void ShapeTree();
+
+  frmOPC& form_;
+};
+
+}  // namespace tavrin
