@@ -24,6 +24,7 @@ void Form::Place(const Rect& value) {
 }
 
 void Form::MinimumSize(float width, float height) {
+  if (minimumWidth_ == width && minimumHeight_ == height) return;
   minimumWidth_ = width;
   minimumHeight_ = height;
   Changed();
@@ -87,6 +88,7 @@ void Form::Forget(Control& control) {
 
 void Form::Focus(Control& control) {
   EndPendingEdits();
+  if (!control.Visible() || !control.Enabled() || focused_ == &control) return;
   if (Control* const before = std::exchange(focused_, &control)) Run(before->OnLostFocus);
   if (focused_ == &control) Run(control.OnGotFocus);
 }

@@ -31,7 +31,7 @@ class Form {
   /// Present outer place of the window. The height includes the title and the menu bar, which are taken
   /// as kTitleHeight whatever they really are.
   [[nodiscard]] const Rect& Place() const { return place_; }
-  /// A change of the size of a shown window runs OnResize, as does the first showing.
+  /// A change of the size of a shown window runs OnResize, as does showing it: it may have changed meanwhile.
   void Place(const Rect& value);
   static constexpr float kTitleHeight = 570;
   /// Below this size the user cannot pull the window.
@@ -45,8 +45,8 @@ class Form {
   /// Closes without asking: no handler runs. A modal window so comes to its end.
   void Hide();
 
-  /// The arrangement of a dialog: rows of controls that are drawn by layouts. A window without rows has its controls
-  /// at their places.
+  /// The arrangement of a dialog: rows of controls that are drawn by layouts; nullptr leaves a place empty. A window
+  /// without rows has its controls at their places.
   using Rows = std::vector<std::vector<Control*>>;
   [[nodiscard]] const Rows& Arrangement() const { return arrangement_; }
   void Arrangement(Rows rows) { arrangement_ = std::move(rows); }

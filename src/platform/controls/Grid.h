@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <optional>
 #include <string>
@@ -37,9 +38,10 @@ class GridListener {
   virtual void OnRowsAboutToBeRemoved(int first, int count) = 0;
   virtual void OnRowsRemoved() = 0;
   virtual void OnCellChanged(Cell cell) = 0;
-  /// Widths or alignments have changed.
+  /// Widths or alignments have changed by program.
   virtual void OnColumnsChanged() = 0;
-  /// Current cell or selection has changed by program.
+  /// Current cell or selection has changed by program or by UserTab, or rows have gone: views that keep the current
+  /// cell by its row must take it anew then.
   virtual void OnSelectionChanged() = 0;
   virtual void OnTopRowChanged() = 0;
   /// An edit has begun or ended, or its text has changed by program.
@@ -56,17 +58,19 @@ class Grid : public Control {
  public:
   using Control::Control;
 
-  /// One view at a time; nullptr for none. Must outlive the grid or leave before.
-  void Listen(GridListener* listener) { listener_ = listener; }
+  /// One view at a time; nullptr for none. Must outlive the grid or leave before. A view that comes while redrawing is
+  /// off is told OnAboutToReset, so that the closing OnReset has its partner.
+  void Listen(GridListener* listener);
 
   // ---- shape and cells
   [[nodiscard]] int Rows() const { return static_cast<int>(rows_.size()); }
-  /// Adds empty rows at the end, or drops rows there.
+  /// Adds empty rows at the end, or drops rows there. The fixed rows cannot be dropped: RuntimeError 5.
   void Rows(int count);
   [[nodiscard]] int Cols() const { return static_cast<int>(columns_.size()); }
   [[nodiscard]] int FixedRows() const { return fixedRows_; }
   [[nodiscard]] int FixedCols() const { return fixedCols_; }
-  /// Sets the shape; the texts of cells that stay are kept. The first cell that is not fixed becomes the current one.
+  /// Sets the shape; the texts of cells that stay are kept. The first cell that is not fixed becomes the current one;
+  /// when all are fixed it is the nearest one. Numbers that make no grid are RuntimeError 5.
   void Shape(int rows, int cols, int fixedRows, int fixedCols);
   [[nodiscard]] bool IsFixed(Cell cell) const { return cell.row < fixedRows_ || cell.col < fixedCols_; }
 
@@ -76,9 +80,11 @@ class Grid : public Control {
   [[nodiscard]] const std::string& RowText(int row) const;
   /// Adds a row at the end; cells beyond the columns are never seen.
   void AddItem(std::string line);
+  /// The fixed rows cannot be removed: RuntimeError 5. Current cell and selection keep their numbers unless they would
+  /// lie behind the last row.
   void RemoveItem(int row);
 
-  /// Twips; 0 hides the column.
+  /// Twips; 0 hides the column, a negative width is RuntimeError 5.
   [[nodiscard]] float ColWidth(int col) const { return Column(col).width; }
   void ColWidth(int col, float twips);
   [[nodiscard]] Alignment ColAlignment(int col) const { return Column(col).alignment; }
@@ -104,7 +110,10 @@ class Grid : public Control {
   /// First and last selected row.
   [[nodiscard]] int FirstSelectedRow() const { return std::min(current_.row, selectionEnd_.row); }
   [[nodiscard]] int LastSelectedRow() const { return std::max(current_.row, selectionEnd_.row); }
-  /// The first row below the fixed ones that is in sight.
+  /// To the next cell that can be seen and is not fixed, from the end of a row to the start of the next; stays on the
+  /// last one.
+  void MoveNext(bool backwards = false);
+  /// The first row below the fixed ones that is in sight; the last row when there are only fixed ones.
   [[nodiscard]] int TopRow() const { return topRow_; }
   void TopRow(int row);
   /// The cell under the pointer, row -1 when it is on none.
@@ -115,6 +124,8 @@ class Grid : public Control {
   void SortAscending();
 
   // ---- editing
+  // An open edit is given up when its row goes or moves: by Shape, Rows, RemoveItem, SortAscending.
+
   /// An open edit: the cell, the text as it stands in the editor, the texts to choose from (none: a text box).
   struct Edit {
     Cell cell;
@@ -139,28 +150,34 @@ class Grid : public Control {
 
   // ---- gestures
   /// A press on a cell: gives the keyboard to the grid, ends an open edit, makes the cell current unless it is fixed or
-  /// the right button is pressed, and runs OnMouseDown. `cell` row -1: beside all cells.
+  /// the right button is pressed, and runs OnMouseDown. `cell` row -1: beside all cells. The pointer is then there.
   void UserPress(MouseButton button, Cell cell);
-  /// A cell is made current by keys, or by pulling the selection on to `end`. Ends an open edit. Fixed cells are left out.
+  /// A cell is made current by keys, or by pulling the selection on to `end`. Ends an open edit. Fixed cells are left
+  /// out.
   void UserSelect(Cell cell) { UserSelect(cell, cell); }
   void UserSelect(Cell cell, Cell end);
+  /// The second press of a double click, which follows the UserPress of the first: gives the keyboard to the grid, ends
+  /// an open edit and runs OnDblClick. No edit begins unless the handler asks for it.
   void UserDblClick(Cell cell);
-  /// The pointer moves over a cell; row -1: it leaves.
+  /// The pointer moves over a cell, row -1: it leaves; runs OnMouseMove.
   void UserPointAt(Cell cell);
   void UserScroll(int topRow);
   /// Makes a column wider or narrower.
   void UserColWidth(int col, float twips);
-  /// Delete, F2 and Enter in the grid; Enter and Escape in an open edit. @return false for a key that means nothing here
+  /// In the grid: Delete runs OnKeyDown, F2 begins the edit, Enter runs OnKeyPress and, unless that swallows it, begins
+  /// the edit. In an open edit: Enter ends it and then runs OnKeyPress, Escape gives it up. @return false for a key that
+  /// means nothing here
   bool UserKey(Key key);
-  /// To the next cell that can be seen and is not fixed, from the end of a row to the start of the next; stays on the
-  /// last one. Ends an open edit. `backwards` for Shift+Tab.
+  /// Ends an open edit, runs OnKeyPress, and unless that swallows the key goes on as MoveNext does. `backwards` for
+  /// Shift+Tab, which no rule is asked about.
   void UserTab(bool backwards = false);
 
-  /// Opens the current cell with its text. Without effect when the grid is not editable, the cell is fixed, an edit is
-  /// open or OnBeforeEdit refuses. The keyboard goes to the grid.
+  /// Opens the current cell with its text. Without effect when the grid is not editable, hidden or disabled, the cell
+  /// is fixed, an edit is open or OnBeforeEdit refuses or moves the current cell. The keyboard goes to the grid.
   void UserBeginEdit();
   /// Types characters one by one, each through OnKeyPressEdit, at the end of the open edit's text. Without an open edit
-  /// it opens the current cell with an empty text first. In a list the typed text is taken as it is.
+  /// it opens the current cell with an empty text first. In a list the typed text is taken as it is. Control characters
+  /// are never taken, here and below.
   void UserType(std::string_view characters);
   /// For an editor with a cursor of its own: what of the typed or pasted characters passes OnKeyPressEdit, ...
   [[nodiscard]] std::string FilterTyped(std::string_view characters);
@@ -191,14 +208,37 @@ class Grid : public Control {
   };
 
   [[nodiscard]] const ColumnShape& Column(int col) const;
+  [[nodiscard]] bool Has(Cell cell) const;
   void CheckRow(int row) const;
   void CheckCell(Cell cell) const;
+  /// @throws RuntimeError 9 for a cell that does not exist, but for row -1, which stands for none
+  void CheckPointer(Cell cell) const;
+  [[nodiscard]] Cell FirstFree() const;
+  [[nodiscard]] int NearestTopRow(int row) const;
+  void TopRowInside();
   void MoveTo(Cell cell, Cell end, bool byProgram);
-  /// Brings current cell, selection and top row back into the grid after rows or columns have gone.
+  bool SetWidth(int col, float twips);
+  void AddRows(int count);
+  void DropRows(int first, int count);
+  /// Brings current cell, selection and pointer back into the grid after rows or columns have gone.
   void StayInside();
+  /// Runs OnRowColChange when the current cell is no longer where it was.
+  void TellMove(Cell before);
+  void TakeKeyboard();
+  [[nodiscard]] Cell NextFree(bool backwards) const;
+  [[nodiscard]] int NextColumn(int from, int step) const;
+  [[nodiscard]] bool CanOpen() const;
   void Open(bool byTyping);
-  template <class Notice>
-  void Tell(Notice&& notice);
+  void GiveUpEditFrom(int row);
+  bool EditKey(Key key);
+  /// Runs OnKeyPress. @return false when it has swallowed the key
+  bool PassesKeyPress(Key pressed);
+
+  /// Tells the view unless redrawing is off.
+  template <class... Parameters, class... Arguments>
+  void Tell(void (GridListener::*notice)(Parameters...), Arguments... arguments) {
+    if (listener_ != nullptr && redraw_) (listener_->*notice)(arguments...);
+  }
 
   GridListener* listener_ = nullptr;
   std::vector<std::string> rows_;
@@ -215,6 +255,10 @@ class Grid : public Control {
   int topRow_ = 0;
   std::string comboList_;
   std::optional<Edit> edit_;
+  /// Counts the edits, so that a routine sees whether a handler has put another one in the place of its own.
+  unsigned editsOpened_ = 0;
+  /// OnBeforeEdit runs: an edit that it asks for would ask it again.
+  bool opening_ = false;
 };
 
 }  // namespace tavrin

@@ -18,7 +18,8 @@ void MenuEntry::UserOpen() {
 void MenuEntry::UserClick() {
   if (!CanBeChosen()) return;
   Owner().EndPendingEdits();
-  Run(OnClick);
+  // The rule of an edit may have switched the entry off.
+  if (CanBeChosen()) Run(OnClick);
 }
 
 void MenuEntry::UserShortcut() {
@@ -28,6 +29,8 @@ void MenuEntry::UserShortcut() {
   for (auto menu = above.rbegin(); menu != above.rend(); ++menu) Run((*menu)->OnOpen);
   UserClick();
 }
+
+std::string MenuEntry::ShownCaption() const { return literal_ ? caption_ : WithoutMnemonic(caption_); }
 
 bool MenuEntry::CanBeChosen() const {
   if (IsSeparator() || !entries_.empty() || !Visible()) return false;

@@ -8,14 +8,19 @@
 
 namespace tavrin {
 
-/// An entry of a menu, or a whole menu when it has entries below it. In a caption "&" stands before the letter that
-/// chooses the entry; the caption "-" makes a separator.
+/// An entry of a menu, or a whole menu when it has entries below it. In a caption that is not literal "&" stands before
+/// the letter that chooses the entry; the caption "-" makes a separator.
 class MenuEntry : public Control {
  public:
   using Control::Control;
 
   [[nodiscard]] const std::string& Caption() const { return caption_; }
   void Caption(std::string_view value) { Assign(caption_, std::string(value)); }
+  /// True for a caption that comes from elsewhere, such as a path: "&" is a character of it like any other.
+  [[nodiscard]] bool Literal() const { return literal_; }
+  void Literal(bool value) { Assign(literal_, value); }
+  /// The caption as the user reads it.
+  [[nodiscard]] std::string ShownCaption() const;
   [[nodiscard]] bool IsSeparator() const { return caption_ == "-"; }
   [[nodiscard]] bool Checked() const { return checked_; }
   void Checked(bool value) { Assign(checked_, value); }
@@ -50,6 +55,7 @@ class MenuEntry : public Control {
   [[nodiscard]] bool CanBeChosen() const;
 
   std::string caption_;
+  bool literal_ = false;
   bool checked_ = false;
   std::string tag_;
   std::string shortcut_;

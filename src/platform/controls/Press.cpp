@@ -6,21 +6,29 @@
 
 namespace tavrin {
 
+namespace {
+
+bool InUse(const Control& control) { return control.Visible() && control.Enabled(); }
+
+/// Ends open edits, whose rules may hide or disable the very control that is pressed.
+bool TakesPress(const Control& control) {
+  if (!InUse(control)) return false;
+  control.Owner().EndPendingEdits();
+  return InUse(control);
+}
+
+}  // namespace
+
 void ToolButton::UserClick() {
-  if (!Visible() || !Enabled()) return;
-  Owner().EndPendingEdits();
-  Run(OnClick);
+  if (TakesPress(*this)) Run(OnClick);
 }
 
 void Button::UserClick() {
-  if (!Visible() || !Enabled()) return;
-  Owner().EndPendingEdits();
-  Run(OnClick);
+  if (TakesPress(*this)) Run(OnClick);
 }
 
 void CheckBox::UserClick() {
-  if (!Visible() || !Enabled()) return;
-  Owner().EndPendingEdits();
+  if (!TakesPress(*this)) return;
   Checked(!Checked());
   Run(OnClick);
 }

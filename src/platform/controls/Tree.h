@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "platform/controls/Control.h"
@@ -87,8 +88,11 @@ class Tree : public Control {
   [[nodiscard]] TreeNode* Node(std::string_view key) const;
   [[nodiscard]] const std::vector<std::unique_ptr<TreeNode>>& Roots() const { return roots_; }
 
+  /// Changes a node's text by program; no rule runs.
+  void Text(TreeNode& node, std::string_view text);
+
   [[nodiscard]] TreeNode* SelectedItem() const { return selected_; }
-  /// Selects by program; OnNodeClick does not run.
+  /// Selects by program; OnNodeClick does not run. A label edit of another node is given up.
   void SelectedItem(TreeNode& node);
 
   /// Indentation of a level in twips.
@@ -98,7 +102,8 @@ class Tree : public Control {
   [[nodiscard]] float FontSize() const { return fontSize_; }
   void FontSize(float points) { Assign(fontSize_, points); }
 
-  /// Opens the label of the selected node for editing, with its text. Without effect when none is selected.
+  /// Opens the label of the selected node for editing, with its text, and hands the keyboard to the tree; an open edit
+  /// elsewhere ends. Without effect when no node is selected, a label is open, or the tree is hidden or disabled.
   void StartLabelEdit();
   /// The text in the open label edit; nothing when none is open.
   [[nodiscard]] const std::optional<std::string>& LabelEdit() const { return labelEdit_; }
@@ -107,13 +112,16 @@ class Tree : public Control {
   // ---- gestures
   /// A press of a mouse button: gives the keyboard to the tree, ends an open edit, runs OnMouseDown; on a node it then
   /// selects the node and runs OnNodeClick, also when it was selected already. `node` nullptr: beside all nodes.
+  /// Nothing is selected when a handler has cleared the tree meanwhile.
   void UserPress(MouseButton button, TreeNode* node);
-  /// Another node is reached by keys: selects it and runs OnNodeClick.
+  /// Another node is reached by keys: gives the keyboard to the tree, ends an open edit, selects the node and runs
+  /// OnNodeClick. Without effect on the selected node.
   void UserSelect(TreeNode& node);
   void UserExpand(TreeNode& node, bool expanded);
-  /// Delete and F2 in the tree; Enter and Escape in a label edit. @return false for a key that means nothing here
+  /// In the tree: Delete and F2 run OnKeyDown. In a label edit: Enter ends it, Escape gives it up. @return false for a
+  /// key that means nothing here
   bool UserKey(Key key);
-  /// The whole text of the label's editor. Without effect when none is open.
+  /// The whole text of the label's editor; control characters are left out. Without effect when none is open.
   void UserLabelText(std::string_view text);
   /// Ends the label edit: OnAfterLabelEdit runs, and unless it cancels the node gets the text.
   void UserEndLabelEdit();
@@ -129,6 +137,12 @@ class Tree : public Control {
  private:
   void Choose(TreeNode& node);
 
+  /// Tells the view, if there is one.
+  template <class... Parameters, class... Arguments>
+  void Tell(void (TreeListener::*notice)(Parameters...), Arguments&&... arguments) {
+    if (listener_ != nullptr) (listener_->*notice)(std::forward<Arguments>(arguments)...);
+  }
+
   TreeListener* listener_ = nullptr;
   std::vector<std::unique_ptr<TreeNode>> roots_;
   std::vector<TreeNode*> nodes_;
@@ -137,6 +151,8 @@ class Tree : public Control {
   float indentation_ = 300;
   float fontSize_ = 8;
   std::optional<std::string> labelEdit_;
+  /// Counts the clearings: a node from before one is gone.
+  unsigned cleared_ = 0;
 };
 
 }  // namespace tavrin
