@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/CodePage.h"
 #include "platform/Files.h"
@@ -50,6 +51,15 @@ class MemoryFiles : public Files {
     static_cast<void>(Existing(path));
     files_.erase(Find(path));
   }
+
+  [[nodiscard]] std::vector<std::string> List(std::string_view directory) override {
+    std::vector<std::string> names;
+    if (directory != directory_) return names;
+    for (const auto& [path, content] : files_) names.push_back(path.substr(directory_.size()));
+    return names;
+  }
+
+  [[nodiscard]] std::string SystemDirectory() override { return directory_; }
 
  private:
   struct Content {

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tavrin {
 
@@ -73,6 +74,13 @@ class Files {
   virtual void ReplaceTail(std::string_view path, std::uint64_t offset, std::string_view bytes) = 0;
 
   virtual void Remove(std::string_view path) = 0;
+
+  /// The names of a directory's entries but "." and "..", directories among them, in the order of the file system.
+  /// Empty when it cannot be listed. An entry that the code page cannot spell is left out: no path leads to it.
+  [[nodiscard]] virtual std::vector<std::string> List(std::string_view directory) = 0;
+
+  /// Where the programs of the system lie, without a trailing separator.
+  [[nodiscard]] virtual std::string SystemDirectory() = 0;
 };
 
 }  // namespace tavrin

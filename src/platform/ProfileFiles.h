@@ -52,6 +52,9 @@ class ProfileFiles {
   /// other bytes of the file stay as they are. Nothing given but `file` writes out what is still held in memory.
   virtual ProfileError WriteString(OptionalText section, OptionalText key, OptionalText value,
                                    std::string_view file) = 0;
+
+  /// How many changes have not reached the disk so far, also such as were only held in memory at their call.
+  [[nodiscard]] virtual std::size_t FailedWrites() const { return 0; }
 };
 
 }  // namespace tavrin

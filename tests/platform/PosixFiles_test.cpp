@@ -345,5 +345,53 @@ TEST_F(PosixFilesTest, PathWithoutDirectoryIsInTheCurrentOne) {
   EXPECT_TRUE(folder_.Has("Here.txt"));
 }
 
+TEST_F(PosixFilesTest, ListNamesEveryEntryOfADirectoryInTheOrderOfTheFileSystem) {
+  for (const char* name : {"c.ini", "a.ini", ".hidden", "b.csv"}) folder_.Write(name, "");
+  std::filesystem::create_directory(Path("LOG"));
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder_.Path())) {
+    names.push_back(entry.path().filename().string());
+  }
+  EXPECT_EQ(files_.List(folder_.Path()), names);
+  EXPECT_EQ(names.size(), 5U);
+}
+
+TEST_F(PosixFilesTest, ListNeedsNoSeparatorAtTheEndAndFindsTheDirectoryInAnotherCase) {
+  std::filesystem::create_directory(Path("Log"));
+  folder_.Write("Log/x", "");
+  for (const char* spelling : {"Log", "Log/", "Log//", "LOG", "log/"}) {
+    EXPECT_EQ(files_.List(Path(spelling)), std::vector<std::string>{"x"}) << spelling;
+  }
+}
+
+TEST_F(PosixFilesTest, ListOfWhatIsNoDirectoryOrCannotBeReadIsEmpty) {
+  folder_.Write("file", "");
+  const std::string closed = Path("closed");
+  std::filesystem::create_directory(closed);
+  folder_.Write("closed/x", "");
+  for (const std::string& path :
+       {Path("file"), Path("none"), Path("none/none"), std::string(), Path(std::string_view("\0", 1))}) {
+    EXPECT_EQ(files_.List(path), std::vector<std::string>{}) << path;
+  }
+  if (geteuid() == 0) return;  // to whom every directory is open
+  chmod(closed.c_str(), 0);
+  EXPECT_EQ(files_.List(closed), std::vector<std::string>{});
+  chmod(closed.c_str(), 0700);
+}
+
+TEST_F(PosixFilesTest, ListSpellsNamesInTheCodePageAndLeavesOutWhatItCannotSpell) {
+  folder_.Write("\xC3\xA4.ini", "");
+  folder_.Write("\xFC.ini", "no UTF-8");
+  folder_.Write("\xC4\x8D.ini", "no character of the page");
+  EXPECT_EQ(files_.List(folder_.Path()), std::vector<std::string>{"\xE4.ini"});
+}
+
+TEST_F(PosixFilesTest, SystemDirectoryIsThere) {
+  const auto status = files_.Status(files_.SystemDirectory());
+  ASSERT_TRUE(status);
+  EXPECT_TRUE(status->directory);
+  EXPECT_NE(files_.SystemDirectory().back(), kPathSeparator);
+}
+
 }  // namespace
 }  // namespace tavrin

@@ -267,5 +267,12 @@ TEST_F(ProfiledFilesTest, AnotherCodePageComparesAnew) {
   EXPECT_EQ(Get("\xC6", "x", path_), "1");
 }
 
+TEST_F(ProfiledFilesTest, AFileWithChangesHeldBackIsListed) {
+  Write("A", "x", "1");
+  EXPECT_EQ(profiled_->List(folder_.Path()), std::vector<std::string>{"a.ini"});
+  EXPECT_EQ(disk_.Calls("List"), 1);
+  EXPECT_EQ(profiled_->SystemDirectory(), posix_.SystemDirectory());
+}
+
 }  // namespace
 }  // namespace tavrin

@@ -35,6 +35,13 @@ void RecordingFiles::Remove(std::string_view path) {
   files_.Remove(path);
 }
 
+std::vector<std::string> RecordingFiles::List(std::string_view directory) {
+  ++calls_["List"];
+  return files_.List(directory);
+}
+
+std::string RecordingFiles::SystemDirectory() { return files_.SystemDirectory(); }
+
 int RecordingFiles::Calls(const std::string& operation) const {
   const auto found = calls_.find(operation);
   return found == calls_.end() ? 0 : found->second;

@@ -4,6 +4,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/Files.h"
 #include "platform/RuntimeError.h"
@@ -21,6 +22,8 @@ class RecordingFiles : public Files {
   void Append(std::string_view path, std::string_view bytes) override;
   void ReplaceTail(std::string_view path, std::uint64_t offset, std::string_view bytes) override;
   void Remove(std::string_view path) override;
+  [[nodiscard]] std::vector<std::string> List(std::string_view directory) override;
+  [[nodiscard]] std::string SystemDirectory() override;
 
   /// How often an operation was called, by its name. An Append of nothing counts as "Open".
   [[nodiscard]] int Calls(const std::string& operation) const;

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/Files.h"
 #include "platform/RuntimeError.h"
@@ -24,10 +25,15 @@ class FaultyFiles : public Files {
   std::optional<Fault> creating;
   std::optional<Fault> appending;
   std::optional<Fault> removing;
+  std::optional<Fault> looking;
+  std::optional<Fault> listing;
   /// Bytes that a created file takes before writing fails as a full disk does.
   std::optional<std::size_t> room;
 
-  std::optional<FileStatus> Status(std::string_view path) override { return real_.Status(path); }
+  std::optional<FileStatus> Status(std::string_view path) override {
+    Check(looking, path);
+    return real_.Status(path);
+  }
   std::string ReadAll(std::string_view path) override {
     Check(reading, path);
     return real_.ReadAll(path);
@@ -47,6 +53,14 @@ class FaultyFiles : public Files {
   void Remove(std::string_view path) override {
     Check(removing, path);
     real_.Remove(path);
+  }
+  std::vector<std::string> List(std::string_view directory) override {
+    Check(listing, directory);
+    return real_.List(directory);
+  }
+  std::string SystemDirectory() override {
+    Check(listing, {});
+    return real_.SystemDirectory();
   }
 
  private:

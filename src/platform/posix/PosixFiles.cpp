@@ -5,10 +5,12 @@
 #include <exception>
 #include <utility>
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/CodePage.h"
 #include "platform/RuntimeError.h"
 
 namespace tavrin {
@@ -202,5 +204,23 @@ void PosixFiles::Remove(std::string_view text) {
   if (finder_.OnExisting(path, removeRegular) != 0) FailOn(path, errno);
   finder_.MarkRemoved(path);
 }
+
+std::vector<std::string> PosixFiles::List(std::string_view directory) {
+  // Without the separator at its end, so that a directory is found under another case of its name too.
+  while (directory.size() > 1 && directory.back() == kPathSeparator) directory.remove_suffix(1);
+  std::unique_ptr<DIR, int (*)(DIR*)> folder(nullptr, &closedir);
+  static_cast<void>(finder_.OnExisting(PosixPath(directory), [&folder](const char* name) {
+    folder.reset(opendir(name));
+    return folder ? 0 : -1;
+  }));
+  std::vector<std::string> names;
+  while (const dirent* entry = folder ? readdir(folder.get()) : nullptr) {
+    std::optional<std::string> name = FromUtf8(&entry->d_name[0]);
+    if (name && *name != "." && *name != "..") names.push_back(std::move(*name));
+  }
+  return names;
+}
+
+std::string PosixFiles::SystemDirectory() { return "/usr/bin"; }
 
 }  // namespace tavrin

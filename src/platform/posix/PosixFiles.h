@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/Files.h"
 #include "platform/posix/PosixPath.h"
@@ -27,6 +28,8 @@ class PosixFiles : public Files {
   /// @throws RuntimeError 5 also when `offset` is behind the end of the file
   void ReplaceTail(std::string_view path, std::uint64_t offset, std::string_view bytes) override;
   void Remove(std::string_view path) override;
+  [[nodiscard]] std::vector<std::string> List(std::string_view directory) override;
+  [[nodiscard]] std::string SystemDirectory() override;
 
  private:
   PosixPathFinder finder_;

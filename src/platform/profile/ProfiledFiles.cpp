@@ -71,6 +71,11 @@ void ProfiledFiles::Remove(std::string_view path) {
   files_.Remove(path);
 }
 
+// A file with changes held back is in its directory already: it is made before the first of them.
+std::vector<std::string> ProfiledFiles::List(std::string_view directory) { return files_.List(directory); }
+
+std::string ProfiledFiles::SystemDirectory() { return files_.SystemDirectory(); }
+
 std::size_t ProfiledFiles::GetString(OptionalText section, OptionalText key, OptionalText fallback,
                                      std::span<char> buffer, std::string_view file) {
   const ProfileImage& image = Current(file).image;

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/Files.h"
 #include "platform/ProfileFiles.h"
@@ -37,6 +38,8 @@ class ProfiledFiles : public Files, public ProfileFiles {
   void Append(std::string_view path, std::string_view bytes) override;
   void ReplaceTail(std::string_view path, std::uint64_t offset, std::string_view bytes) override;
   void Remove(std::string_view path) override;
+  [[nodiscard]] std::vector<std::string> List(std::string_view directory) override;
+  [[nodiscard]] std::string SystemDirectory() override;
 
   [[nodiscard]] std::size_t GetString(OptionalText section, OptionalText key, OptionalText fallback,
                                       std::span<char> buffer, std::string_view file) override;
@@ -46,7 +49,7 @@ class ProfiledFiles : public Files, public ProfileFiles {
 
   /// How often WriteString or a later write-out has failed. Writers ignore the single result; who wants to know
   /// whether all of a save has reached the disk asks here.
-  [[nodiscard]] std::size_t FailedWrites() const { return failedWrites_; }
+  [[nodiscard]] std::size_t FailedWrites() const override { return failedWrites_; }
 
  private:
   /// The INI file that is kept.
