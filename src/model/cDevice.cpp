@@ -8,11 +8,14 @@
 #include "model/NetworkSettings.h"
 #include "model/SettingRules.h"
 #include "model/cOPC.h"
+#include "model/shared/AtExit.h"
 #include "model/shared/IniAccess.h"
 #include "model/shared/Messages.h"
+#include "model/shared/RightPane.h"
 #include "model/shared/cWarnings.h"
 #include "model/shared/modMain.h"
 #include "model/shared/modText.h"
+#include "model/sheets/DeviceSheets.h"
 #include "platform/CodePage.h"
 #include "platform/NumberText.h"
 
@@ -245,6 +248,23 @@ void cDevice::nTCPRW_MaxGapSize(std::int32_t value) {
 
 void cDevice::nTCPRW_PingEnabled(std::int32_t value) {
   Store(&S::nTCPRW_PingEnabled, value, AcceptRange(value, 0, 1, "0 .. 1"));
+}
+
+// The sheet
+
+void cDevice::Show(Grid& grid) const try {
+  Desktop& desktop = modMain::Platform().desktop;
+  const AtExit redraw([&] { grid.Redraw(true); });
+  const AtExit pointer([&] { desktop.Pointer(MousePointer::Normal); });
+  desktop.Pointer(MousePointer::Hourglass);
+  grid.Redraw(false);
+  const auto rows = DeviceSheet(nDeviceType());
+  if (!rows.empty()) grid.Rows(1 + static_cast<int>(rows.size()));
+  FillSheet(grid, rows, *this);
+  tags_.Show(modMain::Pane().vsgTags, nDeviceType());
+  modMain::SetVisible(&grid);
+} catch (...) {
+  modMain::Trap("cDevice.Show : ");
 }
 
 // The section in the file

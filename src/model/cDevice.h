@@ -138,15 +138,15 @@ class cDevice : public DirtySettings<DeviceSettings> {
   [[nodiscard]] const cTags& Tags() const { return tags_; }
 
   /// Reads the device's section of the network file and then its tag file; bad values become read warnings. `bOK`
-  /// Fills the grid of the device's type and the tag grid, and brings both on show, under the hourglass; a type outside
-  /// 0 to 4 fills nothing.
-  void Show(Grid& grid) const;
-
   /// false: a key of the section is missing or bad; the tag file has no part in it.
   void Refresh(bool& bOK);
   /// Writes the section into the network file, which the network has just made anew. `bKeepDirty` true leaves the
   /// mark. `bOK` false only after an error.
   void Update(bool bKeepDirty, bool& bOK);
+
+  /// Fills the grid of the device's type and the tag grid of the pane, and brings both on show, under the hourglass. A
+  /// type outside 0 to 4 leaves the sheet as it is and shows no tag.
+  void Show(Grid& grid) const;
 
  private:
   void StoreRights(std::string DeviceSettings::*field, std::string_view value);

@@ -8,6 +8,7 @@
 #include "model/NetworkFile.h"
 #include "model/SettingRules.h"
 #include "model/cOPC.h"
+#include "model/shared/AtExit.h"
 #include "model/shared/IniAccess.h"
 #include "model/shared/Messages.h"
 #include "model/shared/cWarnings.h"
@@ -15,6 +16,7 @@
 #include "model/shared/modMain.h"
 #include "model/shared/modParser.h"
 #include "model/shared/modText.h"
+#include "model/sheets/NetworkSheets.h"
 #include "platform/NumberText.h"
 
 namespace tavrin {
@@ -148,6 +150,15 @@ void cNetwork::Update(bool bKeepDirty, bool& bOK) try {
 } catch (...) {
   bOK = false;
   modMain::Trap("cNetwork.Update : ");
+}
+
+void cNetwork::Show(Grid& grid) const try {
+  const AtExit redraw([&] { grid.Redraw(true); });
+  grid.Redraw(false);
+  FillSheet(grid, NetworkSheet(nNetworkType()), *this);
+  modMain::SetVisible(&grid);
+} catch (...) {
+  modMain::Trap("cNetwork.Show : ");
 }
 
 bool cNetwork::CheckMPISlaveNoUnique(std::int32_t number) const {

@@ -7,14 +7,18 @@
 #include "model/NetworkFile.h"
 #include "model/ProjectFile.h"
 #include "model/SettingRules.h"
+#include "model/shared/AtExit.h"
 #include "model/shared/IniAccess.h"
 #include "model/shared/Messages.h"
 #include "model/shared/cWarnings.h"
 #include "model/shared/modFiles.h"
 #include "model/shared/modMain.h"
 #include "model/shared/modParser.h"
+#include "model/shared/modText.h"
+#include "model/sheets/ProjectSheet.h"
 #include "platform/CodePage.h"
 #include "platform/NumberText.h"
+#include "platform/controls/Tree.h"
 
 namespace tavrin {
 
@@ -41,6 +45,13 @@ bool Ask(std::string_view label, const Question& question) {
     return true;
   }
 }
+
+constexpr std::string_view kRootKey = "#1";
+constexpr int kFirstNetworkTag = 1;
+constexpr int kFirstDeviceTag = 6;
+
+/// What the key of a node adds to that of its parent.
+std::string KeyPart(std::int32_t nID) { return "#" + std::to_string(nID); }
 
 /// Notes a failed Update of one file.
 void CheckWritten(bool written, WarningKind kind, const std::string& szFileName, bool& bOK) {
@@ -204,6 +215,32 @@ void cOPC::UpdateAll(bool bKeepDirty, bool& bOK) try {
 } catch (...) {
   bOK = false;
   modMain::Trap("cOPC.UpdateAll : ");
+}
+
+void cOPC::Show(Grid& grid) const try {
+  const AtExit redraw([&] { grid.Redraw(true); });
+  grid.Redraw(false);
+  FillSheet(grid, ProjectSheet(), *this);
+  modMain::SetVisible(&grid);
+} catch (...) {
+  modMain::Trap("cOPC.Show : ");
+}
+
+void cOPC::ShowTVWStructure(Tree& tree) const try {
+  tree.Clear();
+  tree.Add("", std::string(kRootKey), ResText(10), "ROOT", 0, true);
+  for (const cNetwork& network : networks_) {
+    const std::string key = std::string(kRootKey) + KeyPart(network.nID());
+    tree.Add(kRootKey, key, network.szNetworkName(), "NET", kFirstNetworkTag + network.nNetworkType(), true);
+    for (const cDevice& device : network.Devices()) {
+      // By the type of the network, which is what the user sees the device in.
+      tree.Add(key, key + KeyPart(device.nID()), device.szDeviceName(), "DEVICE",
+               kFirstDeviceTag + network.nNetworkType(), true);
+    }
+  }
+  tree.Visible(true);
+} catch (...) {
+  modMain::Trap("cOPC.ShowTVWStructure : ");
 }
 
 bool cOPC::bOpcProjectDirty() const {

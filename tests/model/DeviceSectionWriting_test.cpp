@@ -81,8 +81,8 @@ TEST_F(DeviceSectionWriting, AControllerWithoutATextIsNotWritten) {
   for (const NetworkType type : {NetworkType::H1, NetworkType::TcpRw, NetworkType::TcpIpk}) {
     SCOPED_TRACE(static_cast<int>(type));
     cDevice& device = Read(type, FullSections().at(type));
-    auto& settings = RawSettings(device);
-    settings.nH1_PLCType = settings.nTCPRW_PLCType = settings.nTCPIPK_PLCType = 4;
+    auto& raw = RawSettings(device);
+    raw.nH1_PLCType = raw.nTCPRW_PLCType = raw.nTCPIPK_PLCType = 4;
     EXPECT_EQ(Written(device), Section(With(type, "PLCType", std::nullopt)) + "\r\n");
     EXPECT_TRUE(bOK);
   }

@@ -133,13 +133,13 @@ TEST_F(NetworkSaveTest, TheDevicesSectionsFollowInTheirOrder) {
   AddDevice(network, "b");
   AddDevice(network, "a");
   EXPECT_TRUE(Save());
-  const std::vector<std::string> settings{"SlotNo=2", "RemoteIPAddress=0.0.0.1"};
+  const std::vector<std::string> address{"SlotNo=2", "RemoteIPAddress=0.0.0.1"};
   const std::vector<std::string> more{"DynamicTags=RW", "CyclicTime=10",  "Simulation=OFF",
                                       "PingEnabled=1",  "MaxPDUSize=960", ""};
   std::vector<std::string> expected{"[General]", "LocalIPAddress=0.0.0.0", ""};
   for (const std::string name : {"b", "a"}) {
     expected.insert(expected.end(), {"[" + name + "]", "PLCType=S7"});
-    expected.insert(expected.end(), settings.begin(), settings.end());
+    expected.insert(expected.end(), address.begin(), address.end());
     expected.push_back("Variables=" + name + ".csv");
     expected.insert(expected.end(), more.begin(), more.end());
   }

@@ -2,8 +2,11 @@
 
 #include <utility>
 
+#include "model/shared/AtExit.h"
 #include "model/shared/modMain.h"
 #include "platform/RuntimeError.h"
+#include "platform/controls/Grid.h"
+#include "platform/controls/Label.h"
 
 namespace tavrin {
 
@@ -30,6 +33,20 @@ void cWarnings::AddWarning(WarningKind kind, std::string_view szFileName, std::s
 
 void cWarnings::Remove(std::int32_t index) {
   warnings_.erase(warnings_.begin() + static_cast<std::ptrdiff_t>(Position(index)));
+}
+
+void cWarnings::Show(Grid& grid, Label& label) const try {
+  const AtExit redraw([&] { grid.Redraw(true); });
+  grid.Rows(1);
+  grid.Redraw(false);
+  for (const cWarning& warning : warnings_) {
+    std::string line(warning.szType());
+    grid.AddItem(line.append(1, '\t').append(warning.szFileName()).append(1, '\t').append(warning.szText()));
+  }
+  label.Caption("");
+  modMain::SetVisible(&grid);
+} catch (...) {
+  modMain::Trap("cWarnings.Show : ");
 }
 
 }  // namespace tavrin

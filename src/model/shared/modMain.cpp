@@ -1,13 +1,16 @@
 #include "model/shared/modMain.h"
 
+#include <algorithm>
 #include <array>
 #include <new>
 #include <optional>
 
 #include <fmt/format.h>
 
+#include "model/cDevice.h"
 #include "model/cNetwork.h"
 #include "model/cOPC.h"
+#include "model/shared/RightPane.h"
 #include "model/shared/cWarnings.h"
 #include "model/shared/modText.h"
 #include "platform/NumberText.h"
@@ -73,6 +76,31 @@ cNetwork& CurrentNetwork() {
   cNetwork* network = OpenProject().Networks().Network(globals.gnCurrentNetwork);
   if (network == nullptr) throw RuntimeError(ErrorNumber::NoObject);
   return *network;
+}
+
+cDevice& CurrentDevice() {
+  cDevice* device = CurrentNetwork().Devices().Device(globals.gnCurrentDevice);
+  if (device == nullptr) throw RuntimeError(ErrorNumber::NoObject);
+  return *device;
+}
+
+RightPane& Pane() {
+  if (globals.pane == nullptr) throw RuntimeError(ErrorNumber::NoObject);
+  return *globals.pane;
+}
+
+void SetVisible(const Grid* grid) {
+  RightPane& pane = Pane();
+  const std::string name = grid == nullptr ? std::string{} : grid->Name();
+  const auto sheets = pane.Sheets();
+  const bool deviceSheet = std::any_of(sheets.begin() + RightPane::kFirstDeviceSheet, sheets.end(),
+                                       [&](const Grid* sheet) { return sheet->Name() == name; });
+  const bool warnings = pane.vsgWarnings.Name() == name;
+  for (Grid* sheet : sheets) sheet->Visible(sheet->Name() == name);
+  pane.vsgTags.Visible(deviceSheet);
+  pane.lblTags.Visible(deviceSheet);
+  pane.vsgWarnings.Visible(warnings);
+  pane.lblWarnings.Visible(warnings);
 }
 
 cWarnings& ReadWarnings() { return MadeOnFirstUse(globals.gReadWarnings); }

@@ -15,6 +15,7 @@
 
 namespace tavrin {
 
+class cDevice;
 class cNetwork;
 class cOPC;
 class cWarnings;
@@ -71,10 +72,13 @@ extern State globals;
 [[nodiscard]] std::string RootFileName();
 /// The network selected in the tree. @throws RuntimeError 91 when none is selected
 [[nodiscard]] cNetwork& CurrentNetwork();
+/// The device selected in the tree. @throws RuntimeError 91 when none is selected
+[[nodiscard]] cDevice& CurrentDevice();
 /// The sheets of the main window. @throws RuntimeError 91 before it exists
 [[nodiscard]] RightPane& Pane();
-/// Brings one grid of the pane on show and hides the others, each with the controls that go with it: the tag grid with a
-/// device's sheet, a label with the tags and with the warnings. nullptr or a grid of another window: hides all.
+/// Brings one grid of the pane on show and hides the others, each with the controls that go with it: the tag grid with
+/// a device's sheet, a label with the tags and with the warnings. The grid's name decides; nullptr or any other name,
+/// that of the tag grid too: hides all. @throws RuntimeError 91 before the main window exists
 void SetVisible(const Grid* grid);
 /// The warning lists, made when missing.
 [[nodiscard]] cWarnings& ReadWarnings();

@@ -104,7 +104,9 @@ void cTag::AppendComplete(std::string& line, bool upperCaseName) const {
 }
 
 std::string cTag::szTagGridLine() const {
-  std::string line(szTag());
+  std::string line;
+  line.reserve(2 * szTag().size() + line_.Complete().size());  // a tag has a row as long as the grid is on show
+  line += szTag();
   for (const std::string_view text :
        {szTag(), szData(), szRW(), szHystLB(), szHystUB(), szLB(), szUB(), szTest(), szComment()}) {
     line.append(1, '\t').append(text);

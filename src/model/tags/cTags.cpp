@@ -1,9 +1,13 @@
 #include "model/tags/cTags.h"
 
 #include <algorithm>
+#include <array>
+#include <unordered_map>
 #include <utility>
 
+#include "model/NetworkSettings.h"
 #include "model/cOPC.h"
+#include "model/shared/AtExit.h"
 #include "model/shared/IniAccess.h"
 #include "model/shared/Messages.h"
 #include "model/shared/cWarnings.h"
@@ -13,12 +17,26 @@
 #include "model/tags/TagFileWriter.h"
 #include "platform/CodePage.h"
 #include "platform/RuntimeError.h"
+#include "platform/controls/Grid.h"
 
 namespace tavrin {
 
 namespace {
+
 constexpr std::int32_t kGoodQuality = 192;
+
+/// Widths of the columns from the first behind the key on; the comment behind them keeps its own. Only IPK devices have
+/// a hysteresis.
+using Widths = std::array<float, 8>;
+constexpr Widths kWidths{3000, 1500, 1200, 0, 0, 0, 0, 1200};
+constexpr Widths kIpkWidths{1800, 1200, 1200, 900, 900, 0, 0, 900};
+
+void SetWidths(Grid& grid, const Widths& widths) {
+  int col = 1;
+  for (const float width : widths) grid.ColWidth(col++, width);
 }
+
+}  // namespace
 
 void cTags::szFileName(std::string_view value) {
   if (value.empty()) {
@@ -66,11 +84,16 @@ bool cTags::CheckUniqueTag(std::string_view szName) const {
   return std::none_of(begin(), end(), [&](const cTag& tag) { return SameName(fold, tag.szTag(), szName); });
 }
 
-void cTags::Remove(std::string_view szName) try {
-  const auto tag = std::find_if(tags_.begin(), tags_.end(), [&](const auto& item) { return item->szTag() == szName; });
-  if (tag == tags_.end()) return;
-  tags_.erase(tag);
-  keysStale_ = true;
+void cTags::Remove(std::span<const std::string> names) try {
+  std::unordered_map<std::string_view, std::size_t> wanted;
+  for (const std::string& name : names) ++wanted[name];
+  const auto removed = std::erase_if(tags_, [&](const auto& tag) {
+    const auto found = wanted.find(tag->szTag());
+    if (found == wanted.end() || found->second == 0) return false;
+    --found->second;
+    return true;
+  });
+  keysStale_ = keysStale_ || removed > 0;
 } catch (...) {
   modMain::Trap("cTags.Remove : ");
 }
@@ -123,6 +146,21 @@ bool cTags::Update() try {
 } catch (...) {
   modMain::Trap("cTags.Update : ");
   return false;
+}
+
+void cTags::Show(Grid& grid, std::int32_t nDeviceType) const try {
+  const AtExit redraw([&] { grid.Redraw(true); });
+  grid.Redraw(false);
+  grid.Rows(1);
+  grid.ColWidth(0, 0);
+  if (!NetworkTypeName(nDeviceType).empty()) {
+    SetWidths(grid, NetworkType{nDeviceType} == NetworkType::TcpIpk ? kIpkWidths : kWidths);
+    for (const cTag& tag : *this) grid.AddItem(tag.szTagGridLine());
+  }
+  grid.AddItem("");
+  grid.Select({0, 0});
+} catch (...) {
+  modMain::Trap("cTags.Show : ");
 }
 
 void cTags::WriteTags(OutputFile& file) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -42,7 +43,9 @@ class cTags {
   [[nodiscard]] bool CheckUniqueTag(std::string_view szName) const;
 
   /// Removes the first tag that has exactly this name now; none is no error.
-  void Remove(std::string_view szName);
+  void Remove(const std::string& szName) { Remove(std::span(&szName, 1)); }
+  /// The same for each of the names, in one pass over the tags.
+  void Remove(std::span<const std::string> names);
   /// Adds a tag at the end. False when its key is taken (silently) or on an error (told); the tag is then gone.
   bool AddItem(std::unique_ptr<cTag> tag);
 

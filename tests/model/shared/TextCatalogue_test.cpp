@@ -46,6 +46,8 @@ class CatalogueFiles : public Files {
   void Append(std::string_view, std::string_view) override { Refuse(); }
   void ReplaceTail(std::string_view, std::uint64_t, std::string_view) override { Refuse(); }
   void Remove(std::string_view) override { Refuse(); }
+  [[nodiscard]] std::vector<std::string> List(std::string_view) override { return {}; }
+  [[nodiscard]] std::string SystemDirectory() override { return {}; }
 
   std::map<std::string, Entry> entries;
   std::vector<std::string> reads;

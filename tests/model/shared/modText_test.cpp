@@ -22,6 +22,7 @@ using testing::Pair;
 /// Answers every question with one text, or fails.
 class OneText : public TextLibrary {
  public:
+  void Init() override {}
   [[nodiscard]] std::string LoadText(int number, int language) override {
     asked.emplace_back(number, language);
     if (error) throw RuntimeError(*error);
@@ -38,7 +39,7 @@ class modTextTest : public ProjectTest {
   modTextTest() { modMain::globals.services = &own; }
 
   OneText library;
-  Services own{desktop, files, files, registry, library, syntax};
+  Services own{desktop, files, files, registry, library, syntax, settings, ""};
 };
 
 TEST_F(modTextTest, ResTextAsksForTheNumberInTheCurrentLanguage) {
