@@ -4,7 +4,7 @@ namespace tavrin {
 
 class frmOPC;
 
-/// The menu Extras: the warning lists and the options.
+/// The menu Extras: the warning lists, the tools around the project and the options.
 class Extras {
  public:
   explicit Extras(frmOPC& form);
@@ -12,6 +12,8 @@ class Extras {
   void mnuExtras_Click(int index);
 
  private:
+  static void Reconfigure();
+
   frmOPC& form_;
 };
 

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 namespace tavrin {
 
 class frmOPC;
+class MenuEntry;
 
 /// The menu of the languages (Tavrin.INI), the choice of one at any time, and all fixed words of the main window.
 class Languages {
@@ -22,7 +24,12 @@ class Languages {
   void GetStaticTexts();
 
  private:
-  void MakeEntry(int index);
+  /// The entry gets its caption and tag and can be seen; it is made when the design has none.
+  void ShowEntry(int index, std::string_view caption, std::string_view tag);
+  void Check(const MenuEntry* chosen);
+  void NameGrids();
+  void NameMenus();
+  void NameTools();
 
   frmOPC& form_;
 };

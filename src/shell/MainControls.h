@@ -1,28 +1,31 @@
 #pragma once
 
+#include <string_view>
+
 #include "model/shared/RightPane.h"
 #include "platform/controls/ControlArray.h"
 #include "platform/controls/MenuEntry.h"
 #include "platform/controls/Picture.h"
 #include "platform/controls/Toolbar.h"
-#include "platform/controls/Tree.h"
+#include "shell/LeftPane.h"
 
 namespace tavrin {
 
 /// The controls of the main window under their names, in the state in which they are designed: places, pictures,
 /// which menu holds which entries (MenuTable.h). Words come later, by GetStaticTexts.
-struct MainControls : RightPane {
+struct MainControls : LeftPane, RightPane {
   explicit MainControls(Form& form);
 
-  Picture picLogo1;  ///< logo of ZELKAR
-  Picture PicLogo2;  ///< logo of QORVANE
+  /// The menu of a name. @throws RuntimeError 9 for a name that no menu has
+  [[nodiscard]] ControlArray<MenuEntry>& Menu(std::string_view name);
+
   Toolbar Toolbar1;
-  Picture Frame1;  ///< line below the tool bar
-  Tree tvwMain;
+  Picture picLogo1;         ///< logo of ZELKAR
+  Picture PicLogo2;         ///< logo of QORVANE
+  Picture Frame1;           ///< line below the tool bar
   Picture imgSplitterHorz;  ///< bar between tree and sheets, dragged across
-  Picture imgSplitterVert;  ///< bar between device sheet and tags, dragged up and down
-  Picture picSplitterHorz;  ///< shadow of the first; its left is the state of the layout
-  Picture picSplitterVert;  ///< shadow of the second; its top is the state of the layout
+  Picture picSplitterHorz;  ///< shadow of imgSplitterHorz; its left is the state of the layout
+  Picture picSplitterVert;  ///< shadow of imgSplitterVert; its top is the state of the layout
 
   ControlArray<MenuEntry> mnuMain;  ///< 1 file, 2 edit, 3 extras, 4 help, 5 tag grid (popup only)
   ControlArray<MenuEntry> mnuFile;
@@ -33,6 +36,12 @@ struct MainControls : RightPane {
   ControlArray<MenuEntry> mnuLog;       ///< below mnuExtras 6
   ControlArray<MenuEntry> mnuHelp;
   ControlArray<MenuEntry> mnuTest;  ///< below mnuMain 5
+
+ private:
+  void DesignPlaces();
+  void DesignGrids();
+  void DesignTools();
+  void DesignMenus(Form& form);
 };
 
 /// Numbers of the tool buttons.

@@ -44,6 +44,7 @@ class ProjectCommands {
   void OpenRecent(int index);
   void DropFile(const std::string& path);
   void Write(std::int32_t& nResult);
+  void Delete();
 
   frmOPC& form_;
 };

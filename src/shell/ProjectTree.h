@@ -31,11 +31,13 @@ class ProjectTree {
   void ShowNodeData(const TreeNode* node);
   /// Selects node 1 and runs the click on it, when the tree has a node: after every rebuilding of the tree.
   void ActivateFirstNode();
-  /// Rebuilds the tree from the open project and activates its first node.
+  /// Rebuilds the tree from the open project, gives it the keyboard and activates its first node.
   void Rebuild();
 
  private:
   void SetCommands(int tag);
+  /// Opens the edit menu at the pointer after a right click on a node of the tag.
+  void OpenPopup(int tag);
 
   frmOPC& form_;
 };

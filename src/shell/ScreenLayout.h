@@ -1,9 +1,13 @@
 #pragma once
 
+#include "platform/controls/Signal.h"
+
 namespace tavrin {
 
 class frmOPC;
+class Control;
 class Picture;
+struct Rect;
 
 /// Shape and place of everything in the main window; all lengths are twips.
 class ScreenLayout {
@@ -25,12 +29,25 @@ class ScreenLayout {
   static constexpr float kSplitterMargin = 2000;
 
  private:
-  void WireSplitter(Picture& bar, Picture& shadow, bool across);
+  enum class Direction { Across, UpAndDown };
+
+  void WireSplitter(Picture& bar, Picture& shadow, Direction direction);
+  void Drag(const Picture& bar, Picture& shadow, Direction direction, float distance);
+  void EndDrag(Picture& shadow);
+  void ShowSplitters();
+
   void ShapeSheets();
   void ShapeLists();
-  void ShapeTree();
+  void SwitchCommandsOff();
+
+  void PlaceTree();
+  /// @param right what is left for the right pane
+  void PlaceWarnings(const Rect& right);
+  void PlaceDevice(const Rect& right);
 
   frmOPC& form_;
+  Connection treeChanged_;
+  Connection tagsChanged_;
 };
 
 }  // namespace tavrin

@@ -1,19 +1,12 @@
 #pragma once
 
-#include <array>
 #include <span>
 
 namespace tavrin {
 
-/// The shape of one property sheet; row 0 is the heading.
-struct SheetShape {
-  int rows;                     ///< with the heading
-  int fixedRows;                ///< rows that take no editing: the heading, type and names
-  std::array<int, 11> labels;   ///< numbers of the texts in column 0 from row 1 on; 0 for none
-};
-
-/// In the order of RightPane::Sheets.
-[[nodiscard]] std::span<const SheetShape, 11> SheetTable();
+/// Rows that take no editing of each property sheet, in the order of RightPane::Sheets: the heading, and the type and
+/// the name below it. How many rows follow is the matter of the sheets themselves (model/sheets).
+[[nodiscard]] std::span<const int, 11> FixedRowsOfSheets();
 
 /// Widths of the two columns of every sheet, in twips.
 inline constexpr float kLabelWidth = 3600;

@@ -1,8 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
+#include <vector>
 
+#include "editing/SheetEditing.h"
 #include "platform/controls/Form.h"
 #include "shell/Extras.h"
 #include "shell/Languages.h"
@@ -11,6 +14,7 @@
 #include "shell/ProjectTree.h"
 #include "shell/RecentProjects.h"
 #include "shell/ScreenLayout.h"
+#include "shell/StructureCommands.h"
 #include "shell/TagGrid.h"
 #include "shell/UserSettings.h"
 #include "shell/WarningsGrid.h"
@@ -62,12 +66,18 @@ class frmOPC : public Form, public MainControls {
   TagGrid tags{*this};
   WarningsGrid warnings{*this};
   Extras extras{*this};
+  StructureCommands structure{*this};
+  /// In the order of Sheets().
+  std::vector<std::unique_ptr<SheetEditing>> sheets;
 
  private:
+  void ShowLogo();
   void ReadCommandLine();
   /// @return false when the process ends
   bool ProbeLibraries();
-  void Wire();
+  void HideProject();
+  void OfferReconfiguration();
+  void EnlargeToMinimum();
 
   std::string commandLine_;
 };

@@ -17,6 +17,9 @@ class frmOptions : public Form {
   ControlArray<Button> cmdAction;  ///< 0 OK, 1 Cancel
 
   void cmdAction_Click(int index);
+
+ private:
+  void GUI_Init();
 };
 
 }  // namespace tavrin

@@ -35,7 +35,7 @@ constexpr std::array kLayers{
     Layer{"platform/windows", kPlatform, true},
     Layer{"model", kPlatform},
     Layer{"editing", kModel},
-    Layer{"shell", kEditing},
+    Layer{"shell", "editing model online tools platform platform/controls"},
     Layer{"online", kEditing},
     Layer{"tools", kEditing},
     Layer{"app", kEverything, true, true},
