@@ -58,6 +58,7 @@ bool Enter(const Surroundings& surroundings) {
                                 const Pipe& err) {
   const int file = surroundings.output.empty() ? out.ends[1] : open(surroundings.output.c_str(), O_WRONLY | O_CLOEXEC);
   dup2(file, STDOUT_FILENO);
+  if (!surroundings.input.empty()) dup2(open(surroundings.input.c_str(), O_RDONLY | O_CLOEXEC), STDIN_FILENO);
   dup2(err.ends[1], STDERR_FILENO);
   alarm(kSecondsAllowed);
   if (Enter(surroundings)) execv(words.front(), words.data());

@@ -20,6 +20,7 @@ struct Surroundings {
   std::optional<std::uint64_t> fileSize{};  ///< bytes that a file may have before writing fails as on a full disk
   bool unprivileged = false;                ///< as an ordinary user, whom file permissions bind
   std::string output{};                     ///< file that takes the place of the standard output
+  std::string input{};                      ///< file that takes the place of the standard input
   std::string program = TAVRINCTL;
 };
 

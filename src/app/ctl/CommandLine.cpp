@@ -11,6 +11,7 @@
 
 #include "app/ctl/Commands.h"
 #include "app/ctl/PlainText.h"
+#include "app/ctl/RunScript.h"
 #include "platform/RuntimeError.h"
 
 namespace tavrin {
@@ -19,12 +20,14 @@ namespace {
 
 constexpr const char* kFooter =
     "Exit status: 0 without a warning, 1 with warnings, 2 the command could not be run.\n"
+    "Of run: 0 all lines held, 1 one did not, 2 the script could not be run.\n"
     "More in the manual page tavrinctl(1).";
 
 struct Request {
   std::string language = "en";
   std::string file;
   std::string directory;
+  ScriptRequest script;
   std::function<ExitStatus(Host&)> command;
 };
 
@@ -50,6 +53,17 @@ void AddResave(CLI::App& app, Request& request) {
   });
 }
 
+void AddRun(CLI::App& app, Request& request) {
+  CLI::App* command = app.add_subcommand("run", "Run a script: a user's session with the editor, one line a gesture");
+  command->add_option("SCRIPT", request.script.file, "File of the script, - for standard input")->required();
+  command->add_option("ARGS", request.script.arguments, "What $1 to $9 stand for in the script");
+  command->add_flag("--user-settings", request.script.userSettings,
+                    "Start with the settings of your own editor, and change them");
+  command->footer(ScriptHelp());
+  command->callback(
+      [&request] { request.command = [&request](Host& host) { return RunScript(host, request.script); }; });
+}
+
 void Define(CLI::App& app, Request& request) {
   app.description("tavrinctl: the Tavrin editor without a window");
   app.footer(kFooter);
@@ -64,6 +78,7 @@ void Define(CLI::App& app, Request& request) {
   AddCommand(app, request, "check", "Load a project and print its warnings, one a line: kind, file, text",
              CheckProject);
   AddResave(app, request);
+  AddRun(app, request);
 }
 
 /// The status, unless what was printed has not reached its reader.
