@@ -4,7 +4,8 @@
 
 # shellcheck disable=SC2034  # the lists are for the scripts that source this file
 {
-  BUILD_PACKAGES=(g++:g++ cmake:cmake ninja-build:ninja ccache:ccache libfmt-dev libcli11-dev rapidjson-dev)
+  BUILD_PACKAGES=(g++:g++ cmake:cmake ninja-build:ninja ccache:ccache libfmt-dev libcli11-dev rapidjson-dev
+                  qt6-base-dev qt6-svg-dev qt6-translations-l10n fonts-dejavu-core)
   TEST_PACKAGES=(libgtest-dev libgmock-dev nlohmann-json3-dev)
   CHECK_PACKAGES=(clang:clang++ clang-format:clang-format clang-tidy:clang-tidy shellcheck:shellcheck libbenchmark-dev)
 }
