@@ -1,15 +1,6 @@
 // The editor's window on a screen against what it cannot do without: an empty window, a load without a window. Each run
 // prints what it measured; the figures stand in README.md. Needs a display, e.g. that of xvfb-run.
 
-#include <algorithm>
-#include <chrono>
-#include <cstdio>
-#include <cstdlib>
-#include <functional>
-#include <string>
-#include <string_view>
-#include <vector>
-
 #include <QApplication>
 #include <QEvent>
 #include <QMainWindow>
@@ -19,6 +10,14 @@
 #include <QTableWidget>
 #include <QTimer>
 #include <QTreeWidget>
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "PlantGenerator.h"
 #include "app/Machine.h"
@@ -146,7 +145,8 @@ int MeasureDevice(std::int64_t tags) {
       editor.Paint();
     }));
   }
-  std::printf("scroll step: median %.1f ms, longest %.1f ms\n", Median(steps), *std::max_element(steps.begin(), steps.end()));
+  std::printf("scroll step: median %.1f ms, longest %.1f ms\n", Median(steps),
+              *std::max_element(steps.begin(), steps.end()));
   return 0;
 }
 
