@@ -12,6 +12,7 @@
 #include <gmock/gmock.h>
 
 #include "platform/controls/Button.h"
+#include "platform/controls/Grid.h"
 #include "platform/controls/Label.h"
 #include "platform/controls/TextBox.h"
 #include "platform/qt/DialogView.h"
@@ -314,16 +315,31 @@ TEST(Radio, AClickOnTheChosenOneKeepsTheChoice) {
   EXPECT_EQ(shown.Differences(), "");
 }
 
-TEST(Radio, SpaceChoosesTheOneWithTheKeyboard) {
-  const auto space = [](FieldShown& shown) {
-    shown.Press(Qt::Key_Tab);
-    shown.Press(Qt::Key_Space);
-  };
-  ExpectSame({Choose(&FieldRig::first, space), Choose(&FieldRig::second, space)});
+TEST(Radio, SpaceChoosesTheOneWithTheKeyboardAndArrowsGoOnWithTheChoice) {
+  ExpectSame({Choose(&FieldRig::first,
+                     [](FieldShown& shown) {
+                       shown.Press(Qt::Key_Tab);
+                       shown.Press(Qt::Key_Space);
+                     }),
+              Choose(&FieldRig::second, [](FieldShown& shown) { shown.Press(Qt::Key_Down); }),
+              Choose(&FieldRig::third, [](FieldShown& shown) { shown.Press(Qt::Key_Down); }),
+              Choose(&FieldRig::second, [](FieldShown& shown) { shown.Press(Qt::Key_Up); })});
+}
+
+TEST(Radio, ArrowsChooseNothingBeforeTheFirstChoice) {
+  FieldShown shown;
+  shown.Press(Qt::Key_Tab);
+  shown.Press(Qt::Key_Down);
+  EXPECT_TRUE(shown.second.Focused());
+  for (const RadioButton* type : shown.Types()) EXPECT_FALSE(type->Checked());
+  EXPECT_EQ(shown.Differences(), "");
 }
 
 TEST(Radio, ItsLetterChoosesIt) {
-  ExpectSame({Choose(&FieldRig::third, [](FieldShown& shown) { shown.Press(Qt::Key_2, Qt::AltModifier); })});
+  ExpectSame({Choose(&FieldRig::third, [](FieldShown& shown) {
+    shown.Press(Qt::Key_2, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown.third.Checked(); }));  // it is seen pressed for a moment
+  })});
 }
 
 TEST(Radio, OneThatIsSwitchedOffCannotBeChosen) {
@@ -332,6 +348,30 @@ TEST(Radio, OneThatIsSwitchedOffCannotBeChosen) {
   shown.Click(shown.second);
   EXPECT_FALSE(shown.second.Checked());
   EXPECT_EQ(shown.Differences(), "");
+}
+
+TEST(Radio, OneThatTheEndOfAnEditSwitchesOffTakesTheChoiceFromNobody) {
+  Form form("frmTest");
+  Grid grid(form, "vsgTest");
+  RadioButton first(form, "rbType", 0);
+  RadioButton second(form, "rbType", 1);
+  grid.Shape(2, 1, 1, 0);
+  grid.Editable(true);
+  grid.OnAfterEdit = [&](int, int) { second.Enabled(false); };
+  form.Arrangement({{&grid}, {&first}, {&second}});
+  first.Checked(true);
+  DialogView view(form, nullptr);
+  view.show();
+  const auto button = [&](const RadioButton& radio) {
+    return dynamic_cast<QRadioButton*>(view.Views().WidgetOf(radio));
+  };
+  grid.EditCell();
+  ASSERT_NE(grid.OpenEdit(), nullptr);
+  button(second)->click();  // as a screen reader does, without the keyboard
+  EXPECT_EQ(grid.OpenEdit(), nullptr);
+  EXPECT_TRUE(first.Checked());
+  EXPECT_TRUE(button(first)->isChecked());
+  EXPECT_FALSE(button(second)->isChecked());
 }
 
 TEST(Radio, TheProgramMovesTheChoice) {
@@ -376,15 +416,15 @@ TEST(FieldDialog, TheNameIsTypedAndEnteredWithoutATouchOfTheMouse) {
   EXPECT_THAT(rig.events, ElementsAre("key 97", "key 98", "ok ab"));
 }
 
-TEST(FieldDialog, TheTabKeyWalksInTheOrderOfTheControls) {
+TEST(FieldDialog, TheTabKeyWalksInTheOrderOfTheControlsAndStopsOnceAtTheChoices) {
   FieldShown shown;
   std::vector<std::string> order;
-  for (int i = 0; i < 5; ++i) {
+  for (int i = 0; i < 3; ++i) {
     order.push_back(shown.form.FocusedControl()->Name() + std::to_string(shown.form.FocusedControl()->Index()));
     EXPECT_EQ(shown.Differences(), "");
     shown.Press(Qt::Key_Tab);
   }
-  EXPECT_THAT(order, ElementsAre("txtName0", "rbType0", "rbType1", "rbType2", "cmdAction0"));
+  EXPECT_THAT(order, ElementsAre("txtName0", "rbType0", "cmdAction0"));
   EXPECT_TRUE(shown.name.Focused());
   shown.Press(Qt::Key_Backtab);
   EXPECT_TRUE(shown.ok.Focused());

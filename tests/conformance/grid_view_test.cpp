@@ -100,6 +100,7 @@ TEST(GridFocus, WithoutACellInSightTheWholeGridShowsTheKeyboard) {
   EXPECT_NE(CornerOf(shown), ring);
   shown.grid.Select({0, 0});
   EXPECT_EQ(CornerOf(shown), ring);
+  EXPECT_FALSE(shown.view.currentIndex().isValid()) << "the last cell must not stay marked";
   shown.neighbour.setFocus();
   EXPECT_NE(CornerOf(shown), ring);
   shown.view.setFocus();

@@ -4,11 +4,14 @@
 #include <QKeyEvent>
 #include <QShortcut>
 #include <QTest>
+#include <array>
+#include <memory>
 
 #include <gmock/gmock.h>
 
 #include "conformance/GridShown.h"
 #include "conformance/TreeRig.h"
+#include "platform/controls/MenuEntry.h"
 #include "platform/qt/FormView.h"
 
 namespace tavrin {

@@ -88,8 +88,6 @@ void Tree::UserSelect(TreeNode& node) {
 void Tree::Choose(TreeNode& node) {
   if (selected_ != &node) UserCancelLabelEdit();
   selected_ = &node;
-  // Shown before the handler, which may open a menu or ask a question about the node.
-  Tell(&TreeListener::OnSelectionChanged);
   Run(OnNodeClick, node);
 }
 

@@ -48,12 +48,7 @@ void TextBoxView::Follow() {
 }
 
 RadioButtonView::RadioButtonView(RadioButton& button, QWidget* parent) : QRadioButton(parent) {
-  // The toolkit has chosen the button already: what the control says afterwards holds.
-  QObject::connect(this, &QRadioButton::clicked, this, [this, &button] {
-    button.UserClick();
-    Follow(button);
-  });
-  setAutoExclusive(false);
+  QObject::connect(this, &QRadioButton::clicked, this, [&button] { button.UserClick(); });
   changed_ = button.Changed.Connect([this, &button] { Follow(button); });
   Follow(button);
 }
@@ -61,7 +56,9 @@ RadioButtonView::RadioButtonView(RadioButton& button, QWidget* parent) : QRadioB
 void RadioButtonView::Follow(const RadioButton& button) {
   ShowCommon(*this, button);
   setText(ToQt(button.Caption()));
+  setAutoExclusive(false);  // the toolkit lets nobody take the choice away
   setChecked(button.Checked());
+  setAutoExclusive(true);
 }
 
 }  // namespace tavrin

@@ -27,10 +27,14 @@ class TextBoxView : public QLineEdit {
   Connection changed_;
 };
 
-/// Draws a radio button.
+/// Draws a radio button. Tab reaches one of a window's radio buttons, the arrow keys the others.
 class RadioButtonView : public QRadioButton {
  public:
   RadioButtonView(RadioButton& button, QWidget* parent);
+
+ protected:
+  /// Nothing: which button is chosen is the control's word alone.
+  void nextCheckState() override {}
 
  private:
   void Follow(const RadioButton& button);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLineEdit>
 #include <QObject>
 #include <QPointer>
 #include <QString>
@@ -9,7 +10,6 @@
 #include <string_view>
 
 class QKeyEvent;
-class QLineEdit;
 class QRect;
 class QWidget;
 

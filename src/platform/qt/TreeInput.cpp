@@ -102,6 +102,12 @@ void TreeView::focusInEvent(QFocusEvent* event) {
   editor_.TakeKeyboard();
 }
 
+void TreeView::focusOutEvent(QFocusEvent* event) {
+  // In the middle of a press, when its menu or its question opens: the node that it is about must be marked by then.
+  ShowSelection();
+  QTreeView::focusOutEvent(event);
+}
+
 // ---- label editor
 
 InPlaceEditor::Rules TreeView::EditorRules() {
