@@ -1,96 +1,19 @@
 #include "editing/RandomUser.h"
 
-#include <algorithm>
-#include <filesystem>
 #include <map>
 
 #include "editing/ProjectState.h"
+#include "editing/RandomHelp.h"
 #include "model/cNetwork.h"
-#include "model/sheets/DeviceSheets.h"
-#include "model/sheets/NetworkSheets.h"
-#include "model/sheets/ProjectSheet.h"
 
 namespace tavrin {
 
 namespace {
 
-constexpr std::array<std::string_view, 40> kValues{"",
-                                                   "0",
-                                                   "1",
-                                                   "2",
-                                                   "5",
-                                                   "7",
-                                                   "15",
-                                                   "16",
-                                                   "20",
-                                                   "30",
-                                                   "31",
-                                                   "32",
-                                                   "50",
-                                                   "100",
-                                                   "255",
-                                                   "999",
-                                                   "1001",
-                                                   "65535",
-                                                   "65536",
-                                                   "99999999999",
-                                                   "S7",
-                                                   "S5",
-                                                   "ZELKAR IEC1131",
-                                                   "RO",
-                                                   "rw",
-                                                   "OFF",
-                                                   "on",
-                                                   "ON ",
-                                                   "remote",
-                                                   "LOCAL",
-                                                   "1.2.3.4",
-                                                   "0.0.0.0",
-                                                   "127.0.0.1",
-                                                   "224.1.1.1",
-                                                   "a.b",
-                                                   "/",
-                                                   "\\!",
-                                                   "x y;",
-                                                   "\xE4\xC4",
-                                                   "12.5x"};
-constexpr std::array<std::string_view, 6> kAddresses{"MB1", "mb2", " db1.dbw3 ", "", "E0.0;X", "MB33"};
-constexpr std::array<std::string_view, 7> kAccess{"RO", "rw", " Rw ", "RW", "X", "", "RO"};
-constexpr std::array<std::string_view, 6> kFree{"", "1", "1,5", " a;b ", "\xE4", "x y"};
-
 /// Rows whose cell keeps what was refused.
 bool KeepsTyped(std::string_view sheet, int row) {
   return (sheet == "vsgMPIDVC" && row == 2) || (sheet == "vsgTCPISODVC" && row == 3) ||
          (sheet == "vsgTCPRWDVC" && row == 5);
-}
-
-bool IsReport(const std::string& box) { return box.compare(0, 5, "#199 ") == 0; }
-
-/// The errors that a user can cause: a number too big, a text for a number, a row whose tag was renamed.
-bool IsKnownReport(const std::string& box) {
-  constexpr std::array<std::string_view, 3> kKnown{
-      "#199 6 #200 frmOPC.vsg", "#199 13 #200 frmOPC.vsgTCPISODVC_AfterEdit : ", "#199 5 #200 cTags.Get_Tag : "};
-  return std::any_of(kKnown.begin(), kKnown.end(),
-                     [&](std::string_view start) { return box.compare(0, start.size(), start) == 0; });
-}
-
-/// All files of a directory with their bytes.
-std::map<std::string, std::string> FilesIn(const TemporaryDirectory& directory) {
-  std::map<std::string, std::string> files;
-  for (const auto& entry : std::filesystem::directory_iterator(directory.Path())) {
-    if (!entry.is_regular_file()) continue;
-    const std::string name = entry.path().filename().string();
-    files[name] = directory.Read(name);
-  }
-  return files;
-}
-
-/// The values of a sheet that would be filled now.
-template <class Owner>
-std::vector<std::string> ReadRows(std::span<const SheetRow<Owner>> rows, const Owner& owner) {
-  std::vector<std::string> values;
-  for (const SheetRow<Owner>& row : rows) values.push_back(row.read(owner));
-  return values;
 }
 
 }  // namespace
@@ -162,7 +85,7 @@ void RandomUser::EditSheet() {
   const int row = 1 + Dice(sheet.Rows() - 1);
   sheet.UserSelect({row, 1});
   if (Chance(50)) sheet.UserBeginEdit();
-  const std::string text = OneOf(kValues);
+  const std::string text = OneOf(kRandomValues);
   if (sheet.OpenEdit() != nullptr && !sheet.OpenEdit()->choices.empty() && Chance(60)) {
     const auto choices = sheet.OpenEdit()->choices;
     sheet.UserEditText(choices.at(static_cast<std::size_t>(Dice(static_cast<int>(choices.size())))));
@@ -180,8 +103,8 @@ std::string RandomUser::TagText(int col) {
     const std::string name = OneOf(std::array<std::string_view, 4>{"N", "n", " pump_", "\xE4"});
     return Chance(3) ? std::string(33, 'x') : Chance(3) ? "" : name + std::to_string(Dice(25));
   }
-  if (col == kTagData) return OneOf(kAddresses);
-  return col == kTagAccess ? OneOf(kAccess) : OneOf(kFree);
+  if (col == kTagData) return OneOf(kRandomAddresses);
+  return col == kTagAccess ? OneOf(kRandomAccess) : OneOf(kRandomTexts);
 }
 
 void RandomUser::EditTag() {
@@ -219,13 +142,8 @@ void RandomUser::JudgeEdit(bool entered, int sheetRow) {
     return;
   }
   setterMayHaveRun_ = true;
-  const bool stored = std::find(boxes.begin(), boxes.end(), "#236") != boxes.end();
-  if (!boxes.empty() && !stored) {
-    ++played.refused;
-    EXPECT_EQ(after, before_);
-  }
-  const bool reported = std::any_of(boxes.begin(), boxes.end(), IsReport);
-  for (const std::string& box : boxes) EXPECT_TRUE(!IsReport(box) || IsKnownReport(box)) << box;
+  const auto [refused, reported] = JudgeBoxes(boxes, before_, after);
+  if (refused) ++played.refused;
   if (sheetRow == 0) {
     if (reported) Show();  // the row keeps what was typed
   } else if (!boxes.empty() && (reported || KeepsTyped(Sheet().Name(), sheetRow))) {
@@ -308,12 +226,6 @@ void RandomUser::ExpectInvariants() {
 
 Grid& RandomUser::Sheet() { return *pane.Sheets().at(static_cast<std::size_t>(sheet_)); }
 
-std::vector<std::string> RandomUser::FreshSheet() {
-  if (OnDevice()) return ReadRows(DeviceSheet(modMain::CurrentDevice().nDeviceType()), modMain::CurrentDevice());
-  if (modMain::globals.gnCurrentNetwork == 0) return ReadRows(ProjectSheet(), Project());
-  return ReadRows(NetworkSheet(modMain::CurrentNetwork().nNetworkType()), modMain::CurrentNetwork());
-}
-
 void RandomUser::ExpectSheet() {
   EXPECT_TRUE(Sheet().Visible());
   EXPECT_EQ(Sheet().OpenEdit(), nullptr);
@@ -328,16 +240,7 @@ void RandomUser::ExpectSheet() {
 /// Each row with a key is a tag, with its present texts, and each tag has one such row.
 void RandomUser::ExpectTags() {
   EXPECT_EQ(grid.OpenEdit(), nullptr);
-  std::multiset<std::string> rows;
-  for (int row = 1; row < grid.Rows(); ++row) {
-    if (grid.Text({row, kTagKey}).empty()) continue;
-    std::string line = grid.Text({row, kTagName});
-    for (int col = kTagData; col < kTagColumns; ++col) line += "|" + grid.Text({row, col});
-    rows.insert(line);
-  }
-  std::multiset<std::string> tags;
-  for (const cTag& tag : Tags()) tags.insert(TextsOf(tag));
-  EXPECT_EQ(rows, tags);
+  EXPECT_EQ(TagsShown(grid), TagsHeld(Tags()));
 }
 
 void RandomUser::ExpectNumbers() {

@@ -62,8 +62,6 @@ class RandomUser : public TagRowsTest {
 
   [[nodiscard]] Grid& Sheet();
   [[nodiscard]] bool OnDevice() const { return modMain::globals.gnCurrentDevice != 0; }
-  /// What the sheet would show when it was filled now.
-  std::vector<std::string> FreshSheet();
   void MarkClean();
   void ExpectSheet();
   void ExpectTags();

@@ -347,7 +347,7 @@ TEST_F(LanguagesTest, TheRootOfTheTreeSpeaksTheNewLanguageAtOnce) {
   TreeNode& root = *Window().tvwMain.Node(1);
   Window().tvwMain.Text(root, "old");
   Window().mnuLanguage(1).UserClick();
-  EXPECT_EQ(root.Text(), "#10");
+  EXPECT_EQ(root.Text(), "7:10");
 }
 
 }  // namespace

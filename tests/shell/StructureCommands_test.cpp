@@ -2,14 +2,11 @@
 
 #include <array>
 #include <functional>
-#include <map>
-#include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
+#include "shell/StructureTest.h"
 #include "shell/frmCreate.h"
-#include "support/ShellTest.h"
 
 namespace tavrin {
 namespace {
@@ -19,70 +16,6 @@ using testing::IsEmpty;
 
 constexpr std::array kTypes{NetworkType::Mpi, NetworkType::H1, NetworkType::TcpIso, NetworkType::TcpRw,
                             NetworkType::TcpIpk};
-constexpr const char* kNoObject = "#199 91 #200 frmOPC.mnuEdit_Click : Object variable or With block variable not set";
-
-/// A new project is open, its root selected.
-class StructureTest : public ShellTest {
- protected:
-  StructureTest() {
-    Start();
-    Window().mnuFile(1).UserClick();
-    modMain::globals.gszProjectDir = directory.Path();
-  }
-
-  /// The network Line with the devices Press and Saw, and the network Hall; all clean, the root selected.
-  void OpenPlant() {
-    cNetwork& line = AddNetwork(NetworkType::Mpi, "Line");
-    AddDevice(line, "Press");
-    AddDevice(line, "Saw");
-    AddNetwork(NetworkType::TcpIso, "Hall");
-    for (cDevice& device : line.Devices()) device.bDataDirty(false);
-    Project().bDataDirty(false);
-    Window().tree.Rebuild();
-  }
-  void Edit(int index) { Window().mnuEdit(index).UserClick(); }
-  void CreateNetwork(const std::string& name, int type) {
-    AnswerCreate(name, type);
-    Edit(1);
-  }
-  void CreateDevice(const std::string& networkKey, const std::string& name) {
-    Click(networkKey);
-    AnswerCreate(name);
-    Edit(3);
-  }
-  /// Names of the networks, each with those of its devices.
-  [[nodiscard]] std::map<std::string, std::vector<std::string>> Names() {
-    std::map<std::string, std::vector<std::string>> names;
-    for (const cNetwork& network : Project().Networks()) {
-      auto& devices = names[network.szNetworkName()];
-      for (const cDevice& device : network.Devices()) devices.push_back(device.szDeviceName());
-    }
-    return names;
-  }
-  [[nodiscard]] static std::pair<int, int> Current() {
-    return {modMain::globals.gnCurrentNetwork, modMain::globals.gnCurrentDevice};
-  }
-  void ExpectRootActive() {
-    ASSERT_NE(Window().tvwMain.SelectedItem(), nullptr);
-    EXPECT_EQ(Window().tvwMain.SelectedItem()->Key(), "#1");
-    EXPECT_EQ(Current(), std::pair(0, 0));
-    EXPECT_TRUE(Window().vsgOPC.Visible());
-    EXPECT_TRUE(Window().mnuEdit(1).Enabled());
-    EXPECT_FALSE(Window().mnuEdit(2).Enabled());
-    EXPECT_FALSE(Window().mnuEdit(4).Enabled());
-    EXPECT_FALSE(Delete().Enabled());
-  }
-  void ExpectNode(const std::string& key, const std::string& parent, const char* text, const char* image, int tag) {
-    const TreeNode& node = Node(key);
-    ASSERT_NE(node.Parent(), nullptr);
-    EXPECT_EQ(node.Parent()->Key(), parent);
-    EXPECT_EQ(node.Text(), text);
-    EXPECT_EQ(node.Image(), image);
-    EXPECT_EQ(node.Tag(), tag);
-    EXPECT_TRUE(node.Expanded());
-  }
-  [[nodiscard]] ToolButton& Delete() { return Window().Toolbar1.Buttons(kToolDelete); }
-};
 
 // ---- add network
 
@@ -296,145 +229,10 @@ TEST_F(StructureTest, AnEditThatIsOpenReachesTheModelBeforeTheCommandBegins) {
   EXPECT_EQ(Network(1).nMPI_CyclicTime(), 77);
 }
 
-// ---- delete
-
-struct DeleteRow {
-  const char* key;
-  int entry;
-  const char* question;
-  std::map<std::string, std::vector<std::string>> left;
-};
-class DeleteTest : public StructureTest, public testing::WithParamInterface<DeleteRow> {
- protected:
-  DeleteTest() {
-    OpenPlant();
-    EXPECT_TRUE(Save());
-    Click(GetParam().key);
-  }
-};
-
-TEST_P(DeleteTest, NoLeavesEverything) {
-  const auto names = Names();
-  desktop.AnswerNext(false);
-  Edit(GetParam().entry);
-  EXPECT_THAT(desktop.Questions(), ElementsAre(GetParam().question));
-  EXPECT_EQ(Names(), names);
-  EXPECT_FALSE(Project().bOpcProjectDirty());
-  EXPECT_EQ(Window().tvwMain.SelectedItem()->Key(), GetParam().key);
-  EXPECT_EQ(Window().tvwMain.Count(), 5);
-}
-
-TEST_P(DeleteTest, YesDeletesAndActivatesTheRoot) {
-  desktop.AnswerNext(true);
-  Edit(GetParam().entry);
-  EXPECT_EQ(Names(), GetParam().left);
-  EXPECT_EQ(Window().tvwMain.Node(GetParam().key), nullptr);
-  EXPECT_TRUE(Window().tvwMain.Focused());
-  ExpectRootActive();
-  EXPECT_THAT(Boxes(), IsEmpty());
-}
-
-TEST_P(DeleteTest, WhatTheObjectWasInIsMarkedAndNothingElse) {
-  const bool network = GetParam().entry == 2;
-  desktop.AnswerNext(true);
-  Edit(GetParam().entry);
-  EXPECT_EQ(Project().bDataDirty(), network);
-  EXPECT_EQ(Network(1).bDataDirty(), !network);
-}
-
-TEST_P(DeleteTest, TheFilesStay) {
-  desktop.AnswerNext(true);
-  Edit(GetParam().entry);
-  ASSERT_TRUE(Save());
-  for (const char* file : {"Line.ini", "Hall.ini", "Press.csv", "Saw.csv"}) EXPECT_TRUE(directory.Has(file)) << file;
-}
-
-TEST_P(DeleteTest, WithTheQuestionOffItActsAtOnce) {
-  modMain::globals.gbQueryOnDelete = false;
-  Edit(GetParam().entry);
-  EXPECT_THAT(desktop.Questions(), IsEmpty());
-  EXPECT_EQ(Names(), GetParam().left);
-}
-
-TEST_P(DeleteTest, TheDeleteKeyOfTheTreeActsAlsoWhileTheEntriesAreOff) {
-  Window().mnuLanguage(1).UserClick();
-  ASSERT_FALSE(Window().mnuEdit(GetParam().entry).Enabled());
-  desktop.AnswerNext(true);
-  Window().tvwMain.UserKey(Key::Delete);
-  EXPECT_THAT(desktop.Questions(), ElementsAre(GetParam().question));
-  EXPECT_EQ(Names(), GetParam().left);
-}
-
-TEST_P(DeleteTest, TheDeleteButtonActsByTheNode) {
-  desktop.AnswerNext(true);
-  Delete().UserClick();
-  EXPECT_THAT(desktop.Questions(), ElementsAre(GetParam().question));
-  EXPECT_EQ(Names(), GetParam().left);
-}
-
-TEST_P(DeleteTest, FromThePopupNoSecondMenuOpens) {
-  int popups = 0;
-  desktop.OnPopup = [&](MenuEntry& /*menu*/) {
-    ++popups;
-    desktop.AnswerNext(true);
-    Edit(GetParam().entry);
-  };
-  Click(GetParam().key, MouseButton::Right);
-  EXPECT_EQ(popups, 1);
-  EXPECT_EQ(Names(), GetParam().left);
-  ExpectRootActive();
-  EXPECT_THAT(Boxes(), IsEmpty());
-}
-
-TEST_P(DeleteTest, ANodeWithoutItsObjectIsToldByTheTrap) {
-  Project().Networks().Remove(2);
-  Project().Networks().Remove(1);
-  Edit(GetParam().entry);
-  EXPECT_THAT(desktop.Questions(), IsEmpty());
-  EXPECT_THAT(Boxes(), ElementsAre(kNoObject));
-}
-
-INSTANTIATE_TEST_SUITE_P(Rows, DeleteTest,
-                         testing::Values(DeleteRow{"#1#2", 2, "#22 (Hall)", {{"Line", {"Press", "Saw"}}}},
-                                         DeleteRow{"#1#1#1", 4, "#23 (Press)", {{"Line", {"Saw"}}, {"Hall", {}}}},
-                                         DeleteRow{"#1#1#2", 4, "#23 (Saw)", {{"Line", {"Press"}}, {"Hall", {}}}}));
-
-TEST_F(StructureTest, ANetworkGoesWithItsDevices) {
-  OpenPlant();
-  modMain::globals.gbQueryOnDelete = false;
-  Click("#1#1");
-  Edit(2);
-  EXPECT_THAT(Names(), ElementsAre(testing::Pair("Hall", IsEmpty())));
-  EXPECT_EQ(Window().tvwMain.Count(), 2);
-  Click("#1#2");
-  EXPECT_EQ(Current(), std::pair(1, 0));
-  EXPECT_EQ(Window().vsgTCPISONW.Text({2, 1}), "Hall.ini");
-}
-
-TEST_F(StructureTest, TheDeleteButtonMeansTagsWhileTheyHaveTheKeyboard) {
-  OpenPlant();
-  Click("#1#1#1");
-  EXPECT_EQ(Delete().Tag(), kDeleteDevice);
-  Window().vsgTags.UserFocus();
-  desktop.AnswerNext(false);
-  Delete().UserClick();
-  EXPECT_THAT(desktop.Questions(), ElementsAre("#24"));
-}
-
-TEST_F(StructureTest, DeleteAndF2OfTheRootDoNothing) {
-  OpenPlant();
-  Click("#1");
-  Window().tvwMain.UserKey(Key::Delete);
-  Window().tvwMain.UserKey(Key::F2);
-  EXPECT_FALSE(Window().tvwMain.LabelEdit().has_value());
-  EXPECT_THAT(desktop.Questions(), IsEmpty());
-}
-
 // ---- test run, errors, shortcuts
 
 TEST_F(StructureTest, TheTestRunOpensItsWindowModallyAndTakesItAwayAgain) {
   Start("-TEST");
-  Window().mnuFile(1).UserClick();
   OpenPlant();
   Click("#1#1#1");
   std::size_t controls = 0;

@@ -46,9 +46,9 @@ class TagEditingTest : public ShellTest {
   [[nodiscard]] int LastRow() { return Tags().Rows() - 1; }
   /// A row's cells from the name on, joined by "|".
   [[nodiscard]] std::string Row(int row) {
-    std::string texts = Tags().Text({row, 1});
-    for (int col = 2; col < Tags().Cols(); ++col) texts += "|" + Tags().Text({row, col});
-    return texts;
+    std::string line = Tags().Text({row, 1});
+    for (int col = 2; col < Tags().Cols(); ++col) line += "|" + Tags().Text({row, col});
+    return line;
   }
   [[nodiscard]] std::vector<std::string> Names() {
     std::vector<std::string> names;

@@ -95,7 +95,7 @@ TEST_F(WarningsGridTest, AnEmptyListHasNothingToSort) {
 }
 
 TEST_F(WarningsGridTest, AnErrorIsToldAndDrawingGoesOn) {
-  Warnings().UserPress(MouseButton::Left, {3, 2});
+  Warnings().UserPress(MouseButton::Left, {2, 2});
   const Connection failing =
       window->lblWarnings.Changed.Connect([] { throw RuntimeError(ErrorNumber::PermissionDenied); });
   DoubleClickHeading(2);
