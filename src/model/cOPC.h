@@ -64,7 +64,8 @@ class cOPC : public DirtySettings<ProjectSettings> {
   /// Fills vsgOPC and brings it on show.
   void Show(Grid& grid) const;
   /// Fills the tree with the whole project, all open, and shows it: the root with key "#1" and tag 0; a network with
-  /// key "#1#" and its nID, tag type + 1; a device with its network's key, "#" and its nID, tag type of the network + 6.
+  /// key "#1#" and its nID, tag type + 1; a device with its network's key, "#" and its nID, tag type of the network
+  /// + 6.
   void ShowTVWStructure(Tree& tree) const;
 
   /// True when root, any network, any device or any tag of the open project differs from disk.

@@ -165,8 +165,8 @@ class Grid : public Control {
   /// Makes a column wider or narrower.
   void UserColWidth(int col, float twips);
   /// In the grid: Delete runs OnKeyDown, F2 begins the edit, Enter runs OnKeyPress and, unless that swallows it, begins
-  /// the edit. In an open edit: Enter ends it and then runs OnKeyPress, Escape gives it up. @return false for a key that
-  /// means nothing here
+  /// the edit. In an open edit: Enter ends it and then runs OnKeyPress, Escape gives it up. @return false for a key
+  /// that means nothing here
   bool UserKey(Key key);
   /// Ends an open edit, runs OnKeyPress, and unless that swallows the key goes on as MoveNext does. `backwards` for
   /// Shift+Tab, which no rule is asked about.

@@ -11,7 +11,6 @@ namespace tavrin {
 
 namespace {
 
-
 std::vector<std::string> Split(std::string_view choices) {
   std::vector<std::string> split;
   if (choices.empty()) return split;

@@ -50,6 +50,7 @@ FormView::FormView(Form& form, QtWords& words) : form_(form), words_(words), con
   AddPaneKey(QKeyCombination(Qt::ShiftModifier, Qt::Key_F6).toCombined(), true);
   connections_.push_back(form.Changed.Connect([this] { Follow(); }));
   SyncControls();
+  views_->ShowFocus();  // a window that is drawn late has a control with the keyboard already
   Follow();
 }
 
