@@ -8,6 +8,7 @@
 #include "model/shared/Messages.h"
 #include "model/shared/modMain.h"
 #include "model/shared/modParser.h"
+#include "platform/CodePage.h"
 #include "platform/NumberText.h"
 #include "platform/RuntimeError.h"
 #include "shell/frmOPC.h"
@@ -82,8 +83,18 @@ std::int32_t PositionOf(const Collection& collection, std::string_view piece) {
 struct RenameRow {
   bool (cOPC::*unique)(std::string_view name) const;
   std::int32_t takenText;
+  std::string_view fileEnd;
+  const std::string& (*file)();
   void (*rename)(const std::string& name);
 };
+
+const std::string& FileOfNetwork() { return modMain::CurrentNetwork().szFileName(); }
+const std::string& FileOfDevice() { return modMain::CurrentDevice().szTagFileName(); }
+
+/// A file of another object must not become that of this one as well: each would overwrite the other.
+bool IsFileFree(const std::string& file, const std::string& own) {
+  return EqualIgnoringCase(file, own) || modMain::OpenProject().CheckFilenameUnique(file);
+}
 
 void RenameNetwork(const std::string& name) {
   cNetwork& network = modMain::CurrentNetwork();
@@ -97,8 +108,8 @@ void RenameDevice(const std::string& name) {
   device.szTagFileName(name + ".csv");
 }
 
-constexpr RenameRow kRenameNetwork{&cOPC::CheckNetworkNameUnique, 210, &RenameNetwork};
-constexpr RenameRow kRenameDevice{&cOPC::CheckDeviceNameUnique, 211, &RenameDevice};
+constexpr RenameRow kRenameNetwork{&cOPC::CheckNetworkNameUnique, 210, ".ini", &FileOfNetwork, &RenameNetwork};
+constexpr RenameRow kRenameDevice{&cOPC::CheckDeviceNameUnique, 211, ".csv", &FileOfDevice, &RenameDevice};
 
 /// @return false for a name that was refused, which has been told
 bool Rename(const RenameRow& row, const std::string& newString) {
@@ -107,6 +118,8 @@ bool Rename(const RenameRow& row, const std::string& newString) {
   if (problem != 0) return Refuse(NameProblem(problem, checked));
   // The present name of the object counts as taken too, in any case.
   if (!(modMain::OpenProject().*row.unique)(checked)) return Refuse(NameProblem(row.takenText, checked));
+  const std::string file = checked + std::string(row.fileEnd);
+  if (!IsFileFree(file, row.file())) return Refuse(NameProblem(212, file));
   row.rename(checked);
   return true;
 }

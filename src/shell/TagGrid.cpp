@@ -90,6 +90,7 @@ bool TagGrid::OnCommentOfNewTag() const {
 }
 
 void TagGrid::vsgTags_MouseDown(MouseButton button) {
+  next_ = NextCell::Neighbour;
   Grid& grid = form_.vsgTags;
   const Cell cell = grid.MouseCell();
   if (button != MouseButton::Right || cell.row < 1) return;
@@ -149,7 +150,8 @@ void TagGrid::vsgTags_DblClick() try {
   const std::int32_t tags = modMain::CurrentDevice().Tags().Count();
   constexpr int kWithoutTags = 2;  // the heading and the row for a new tag
   if (tags == 0 && grid.Rows() == kWithoutTags) return;
-  const bool lastIsEmpty = grid.Text({grid.Rows() - 1, kTagKey}).empty();
+  const std::string& last = grid.RowText(grid.Rows() - 1);
+  const bool lastIsEmpty = last.find_first_not_of('\t') == std::string::npos;
   {
     const AtExit redraw([&grid] { grid.Redraw(true); });
     grid.Redraw(false);

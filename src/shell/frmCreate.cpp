@@ -20,15 +20,17 @@ struct OfferedType {
 
 constexpr std::array<OfferedType, 5> kTypes{{{34, true}, {35, false}, {36, true}, {27, true}, {26, false}}};
 
-/// What tells a name apart, by mode.
+/// What tells a name apart, by mode. The file that the object would get must be free as well: two objects that write
+/// the same file would lose one of them, and a network of the name of the root file the whole project.
 struct NameCheck {
   int title;
   int taken;
+  std::string_view fileEnd;
   bool (cOPC::*isUnique)(std::string_view) const;
 };
 
 constexpr std::array<NameCheck, 2> kChecks{
-    {{37, 210, &cOPC::CheckNetworkNameUnique}, {38, 211, &cOPC::CheckDeviceNameUnique}}};
+    {{37, 210, ".ini", &cOPC::CheckNetworkNameUnique}, {38, 211, ".csv", &cOPC::CheckDeviceNameUnique}}};
 
 }  // namespace
 
@@ -112,11 +114,12 @@ bool frmCreate::TakeName() {
     return false;
   }
   const NameCheck& check = kChecks[static_cast<std::size_t>(nMode)];
-  if ((modMain::OpenProject().*check.isUnique)(name)) {
-    szName = name;
-    return true;
-  }
-  return Refuse(NameProblem(check.taken, name));
+  const cOPC& project = modMain::OpenProject();
+  if (!(project.*check.isUnique)(name)) return Refuse(NameProblem(check.taken, name));
+  const std::string file = name + std::string(check.fileEnd);
+  if (!project.CheckFilenameUnique(file)) return Refuse(NameProblem(212, file));
+  szName = name;
+  return true;
 }
 
 }  // namespace tavrin

@@ -347,7 +347,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         RefusedName{"#1#1", "N0", "N1", "#210 (N1)"}, RefusedName{"#1#1", "N0", "n1", "#210 (n1)"},
         RefusedName{"#1#1", "N0", "N0", "#210 (N0)"}, RefusedName{"#1#1", "N0", "n0", "#210 (n0)"},
-        RefusedName{"#1#1", "N0", "", "#223 ()"},
+        RefusedName{"#1#1", "N0", "zopcsrv", "#212 (zopcsrv.ini)"}, RefusedName{"#1#1", "N0", "", "#223 ()"},
         RefusedName{"#1#1", "N0", "123456789012345678901234567890123", "#225 (123456789012345678901234567890123)"},
         RefusedName{"#1#1#1", "D0", "D4", "#211 (D4)"}, RefusedName{"#1#1#1", "D0", "d0", "#211 (d0)"},
         RefusedName{"#1#1#1", "D0", "", "#223 ()"},

@@ -326,6 +326,26 @@ TEST_F(TagEditingTest, ASortKeepsEachTagAlsoWithAnOpenRowAmongThemAndATagInTheLa
   EXPECT_THAT(Boxes(), IsEmpty());
 }
 
+TEST_F(TagEditingTest, ASortKeepsWhatIsTypedInTheLastRow) {
+  Enter(Tags(), {4, 1}, "Bb");
+  Point({1, 1});
+  DoubleClickHeading(1);
+  EXPECT_THAT(Keys(), ElementsAre("A", "B", "", "C", ""));
+  EXPECT_EQ(Tags().Text({3, 1}), "Bb");
+}
+
+TEST_F(TagEditingTest, AClickOnTheCurrentCellEndsTheWayToTheNextName) {
+  Enter(Tags(), {3, 8}, "SIM");
+  Tags().UserPress(MouseButton::Left, {3, 9});
+  Tags().UserType("last");
+  Window().EndPendingEdits();
+  const Cell last = Tags().Current();
+  EXPECT_EQ(last, (Cell{3, 1}));
+  Tags().UserPress(MouseButton::Left, last);
+  Tags().UserKey(Key::Enter);
+  EXPECT_EQ(Tags().Current(), (Cell{3, 2}));
+}
+
 // ---- a whole list
 
 TEST_F(TagEditingTest, FiftyTagsAreTypedByTheKeyboardAloneAndSaved) {

@@ -329,5 +329,20 @@ TEST_F(frmCreateTest, AnErrorIsReportedAndTheDialogStays) {
                                    "not set"));
 }
 
+TEST_F(frmCreateTest, ANameWhoseFileBelongsToAnotherObjectIsRefused) {
+  OpenAndStay(frmCreate::kNetwork, [](frmCreate& dialog) {
+    dialog.rbType(0).UserClick();
+    dialog.txtName.UserText("zopcsrv");
+    Ok(dialog);
+  });
+  EXPECT_THAT(Boxes(), ElementsAre("#212 (zopcsrv.ini)")) << "the network would overwrite the root file";
+  Device(1, 1).szTagFileName("Spare.csv");
+  OpenAndStay(frmCreate::kDevice, [](frmCreate& dialog) {
+    dialog.txtName.UserText("SPARE");
+    Ok(dialog);
+  });
+  EXPECT_THAT(Boxes(), ElementsAre("#212 (SPARE.csv)"));
+}
+
 }  // namespace
 }  // namespace tavrin
