@@ -57,15 +57,14 @@ Pieces LinesOf(std::string_view section) {
   return lines;
 }
 
-/// Words as they are shown and spoken outside of a menu.
+}  // namespace
+
 std::string PlainText(std::int32_t number) {
   constexpr std::string_view kAsksForMore = "...";
   std::string text = WithoutMnemonic(ResText(number));
   if (text.ends_with(kAsksForMore)) text.resize(text.size() - kAsksForMore.size());
   return text;
 }
-
-}  // namespace
 
 void Languages::FillMenu() {
   const std::string section = ReadSection();

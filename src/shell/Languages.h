@@ -1,11 +1,15 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace tavrin {
 
 class frmOPC;
+
+/// The text of a menu entry as it is shown and spoken outside of a menu: without mnemonic and dots.
+[[nodiscard]] std::string PlainText(std::int32_t number);
 class MenuEntry;
 
 /// The menu of the languages (Tavrin.INI), the choice of one at any time, and all fixed words of the main window.

@@ -155,7 +155,7 @@ void ProjectCommands::Save() {
 
 void ProjectCommands::SaveAs() {
   if (!modMain::globals.gOPC) return;
-  std::string folder = BrowseForFolder();
+  std::string folder = BrowseForFolder(PlainText(44));
   if (folder.empty()) return;
   if (folder.back() != kPathSeparator) folder += kPathSeparator;
   if (!FolderExists(folder)) return;

@@ -460,7 +460,7 @@ TEST_F(ProjectCommandsTest, SaveAsWritesEverythingIntoTheDirectoryAndLeavesTheOl
   const std::string caption = Window().Caption();
   desktop.AnswerNextPath(directory.Path() + "copy");
   File(4);
-  EXPECT_THAT(desktop.FolderTitles(), ElementsAre("W\xE4hlen Sie einen Ordner aus"));
+  EXPECT_THAT(desktop.FolderTitles(), ElementsAre("#44"));
   EXPECT_EQ(modMain::globals.gszProjectDir, directory.Path() + "copy/");
   EXPECT_EQ(Project().szFileName(), "ZOPCSRV.ini");
   EXPECT_EQ(Window().Caption(), caption);
