@@ -69,10 +69,9 @@ std::string ApplicationDirectory() {
 }
 
 void PrepareProcess() {
-  for (int number = open("/dev/null", O_RDWR); number >= 0 && number <= STDERR_FILENO;) {
-    number = open("/dev/null", O_RDWR);
-    if (number > STDERR_FILENO) close(number);
-  }
+  int number = open("/dev/null", O_RDWR);
+  while (number >= 0 && number <= STDERR_FILENO) number = open("/dev/null", O_RDWR);
+  if (number > STDERR_FILENO) close(number);
   IgnoreFileSizeSignal();
 }
 

@@ -6,7 +6,8 @@
 
 namespace tavrin {
 
-/// The scripted test run of a device; offered to who starts the program with -TEST.
+/// The window of the scripted test run of a device, offered to who starts the program with -TEST. The run itself is
+/// still to come.
 class frmTest : public Form {
  public:
   frmTest();

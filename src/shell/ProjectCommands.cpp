@@ -39,19 +39,6 @@ constexpr std::array kProjectEntries{
     ProjectEntries{3, &MainControls::mnuExtras, {1, 2}},
 };
 
-/// True when any object of the tree differs from disk.
-bool AnyDirty(const cOPC& project) {
-  bool dirty = project.bDataDirty();
-  for (const cNetwork& network : project.Networks()) {
-    dirty |= network.bDataDirty();
-    for (const cDevice& device : network.Devices()) {
-      dirty |= device.bDataDirty();
-      for (const cTag& tag : device.Tags()) dirty |= tag.bDataDirty();
-    }
-  }
-  return dirty;
-}
-
 /// Offers a list of warnings to the user, unless it is empty.
 void Offer(const cWarnings& list, std::int32_t questionText, RightPane& pane) {
   if (list.Count() == 0 || !modMain::Platform().desktop.AskYesNo(ResText(questionText))) return;
@@ -197,7 +184,7 @@ void ProjectCommands::OPCProjectLoadFromDisk(const std::string& szFile) try {
 void ProjectCommands::OPCProjectSaveToDisk(bool bForce, std::int32_t& nResult) try {
   nResult = kNothingToDo;
   if (!modMain::globals.gOPC) return;
-  const bool dirty = AnyDirty(*modMain::globals.gOPC);
+  const bool dirty = modMain::globals.gOPC->bOpcProjectDirty();
   if (bForce || dirty) Write(nResult);
   form_.recent.SetNewMRU(modMain::OpenProject().szFullName());
 } catch (...) {

@@ -29,7 +29,7 @@ class ProjectCommands {
   /// empty or no such file exists.
   void OPCProjectLoadFromDisk(const std::string& szFile);
   /// Writes the project when anything of it differs from disk, or in any case when `bForce`; asks first when the user
-  /// wants to be asked. The only place that looks for changes.
+  /// wants to be asked.
   void OPCProjectSaveToDisk(bool bForce, std::int32_t& nResult);
   /// Shows the message of a result that means the project was not saved. @return false for such a result
   bool ReportSave(std::int32_t nResult);

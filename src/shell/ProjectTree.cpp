@@ -78,7 +78,6 @@ std::int32_t PositionOf(const Collection& collection, std::string_view piece) {
   return 0;
 }
 
-/// @throws RuntimeError 91 when there is none at the current position
 /// What a rename in the tree changes, by kind of node.
 struct RenameRow {
   bool (cOPC::*unique)(std::string_view name) const;

@@ -11,6 +11,7 @@
 #include "app/session/Session.h"
 #include "app/session/Subjects.h"
 #include "app/session/Verbs.h"
+#include "platform/headless/EmptyRegistry.h"
 #include "platform/headless/MemorySettings.h"
 #include "shell/Brand.h"
 
@@ -77,9 +78,11 @@ ExitStatus RunScript(Host& host, const ScriptRequest& request) {
 
   MemorySettings ownSettings;
   ChooseLanguage(ownSettings);
+  EmptyRegistry noRegistry;
   const Services& own = modMain::Platform();
   SettingsStore& settings = request.userSettings ? own.settings : ownSettings;
-  const Services machine{own.desktop, own.files,  own.profiles, own.registry,
+  Registry& registry = request.userSettings ? own.registry : noRegistry;
+  const Services machine{own.desktop, own.files,  own.profiles, registry,
                          own.texts,   own.syntax, settings,     own.applicationDirectory};
   Session session(machine, [](std::string_view line) { std::fwrite(line.data(), 1, line.size(), stdout); });
   if (const auto fault = session.Run(parser.Lines())) return Fault(request, *fault, ExitStatus::Warnings);
