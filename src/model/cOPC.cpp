@@ -10,6 +10,7 @@
 #include "model/shared/AtExit.h"
 #include "model/shared/IniAccess.h"
 #include "model/shared/Messages.h"
+#include "model/shared/RightPane.h"
 #include "model/shared/cWarnings.h"
 #include "model/shared/modFiles.h"
 #include "model/shared/modMain.h"
@@ -47,8 +48,9 @@ bool Ask(std::string_view label, const Question& question) {
 }
 
 constexpr std::string_view kRootKey = "#1";
-constexpr int kFirstNetworkTag = 1;
-constexpr int kFirstDeviceTag = 6;
+// A node has the position of its sheet as its tag.
+constexpr int kFirstNetworkTag = RightPane::kFirstNetworkSheet;
+constexpr int kFirstDeviceTag = RightPane::kFirstDeviceSheet;
 
 /// What the key of a node adds to that of its parent.
 std::string KeyPart(std::int32_t nID) { return "#" + std::to_string(nID); }

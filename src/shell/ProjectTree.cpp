@@ -4,6 +4,7 @@
 #include <array>
 #include <vector>
 
+#include "model/NetworkSettings.h"
 #include "model/cOPC.h"
 #include "model/shared/Messages.h"
 #include "model/shared/modMain.h"
@@ -23,9 +24,10 @@ constexpr int kEditDeleteDevice = 4;
 constexpr int kEditRename = 5;
 constexpr int kEditTest = 6;
 
-constexpr int kFirstNetworkTag = 1;
-constexpr int kFirstDeviceTag = 6;
-constexpr int kLastDeviceTag = 10;
+// A node has the position of its sheet as its tag.
+constexpr int kFirstNetworkTag = RightPane::kFirstNetworkSheet;
+constexpr int kFirstDeviceTag = RightPane::kFirstDeviceSheet;
+constexpr int kLastDeviceTag = kFirstDeviceTag + kNetworkTypes - 1;
 
 /// Which commands are live while a node with one of the tags is the current one.
 struct CommandRow {

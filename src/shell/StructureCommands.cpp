@@ -19,8 +19,9 @@ namespace tavrin {
 namespace {
 
 constexpr int kMpi = 0;
-constexpr int kFirstNetworkTag = 1;
-constexpr int kFirstDeviceTag = 6;
+// A node has the position of its sheet as its tag.
+constexpr int kFirstNetworkTag = RightPane::kFirstNetworkSheet;
+constexpr int kFirstDeviceTag = RightPane::kFirstDeviceSheet;
 
 void TellTaken(int text, std::string_view name) { modMain::Platform().desktop.ShowBox(NameProblem(text, name)); }
 
