@@ -33,6 +33,10 @@ class MemoryFiles : public Files {
 
   [[nodiscard]] std::string ReadAll(std::string_view path) override { return Existing(path).bytes; }
 
+  [[nodiscard]] std::unique_ptr<InputFile> Open(std::string_view path) override {
+    return std::make_unique<Input>(Existing(path).bytes);
+  }
+
   [[nodiscard]] std::unique_ptr<OutputFile> Create(std::string_view path) override {
     Content& content = Made(path);
     content.bytes.clear();
@@ -67,6 +71,18 @@ class MemoryFiles : public Files {
     std::int64_t changed = 0;
   };
   using Map = std::map<std::string, Content, std::less<>>;
+
+  class Input : public InputFile {
+   public:
+    explicit Input(std::string bytes) : bytes_(std::move(bytes)) {}
+    [[nodiscard]] std::uint64_t Size() const override { return bytes_.size(); }
+    [[nodiscard]] std::string Read(std::uint64_t offset, std::size_t count) override {
+      return offset < bytes_.size() ? bytes_.substr(static_cast<std::size_t>(offset), count) : std::string{};
+    }
+
+   private:
+    std::string bytes_;
+  };
 
   class Output : public OutputFile {
    public:

@@ -6,10 +6,12 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "brand/Brand.h"
 #include "model/cOPC.h"
 #include "model/shared/NumberTexts.h"
 #include "model/shared/TextCatalogue.h"
 #include "model/shared/cWarnings.h"
+#include "online/opc/OpcServers.h"
 #include "platform/CodePage.h"
 #include "platform/RuntimeError.h"
 
@@ -45,8 +47,12 @@ std::unique_ptr<TextLibrary> MakeTexts(Wording wording, Files& files, const std:
 }  // namespace
 
 Machine::Machine(Desktop& desktop, SettingsStore* settings, Wording wording, const std::string& applicationDirectory)
-    : directory_(UseConfiguredCodePage(files_, applicationDirectory)),
+    : service_(UnitOf(OemBrand().serviceKey)),
+      directory_(UseConfiguredCodePage(files_, applicationDirectory)),
       texts_(MakeTexts(wording, files_, directory_)),
+      programs_(directory_),
+      opc_(MakeOpcServers(desktop, files_, directory_ + "Tavrin.INI")),
+      around_{programs_, regional_, fileProperties_, service_, opc_.get()},
       services_{desktop,
                 files_,
                 files_,
@@ -54,6 +60,7 @@ Machine::Machine(Desktop& desktop, SettingsStore* settings, Wording wording, con
                 *texts_,
                 syntax_,
                 settings == nullptr ? settings_ : *settings,
+                around_,
                 WithoutSeparator(directory_)} {
   modMain::globals = modMain::State{};
   modMain::globals.services = &services_;

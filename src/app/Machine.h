@@ -6,8 +6,12 @@
 #include "model/shared/LengthSyntax.h"
 #include "model/shared/modMain.h"
 #include "platform/Desktop.h"
+#include "platform/posix/PosixFileProperties.h"
 #include "platform/posix/PosixFiles.h"
+#include "platform/posix/PosixPrograms.h"
+#include "platform/posix/PosixRegional.h"
 #include "platform/posix/PosixSettingsStore.h"
+#include "platform/posix/SystemdService.h"
 #include "platform/posix/UnitRegistry.h"
 #include "platform/profile/ProfiledFiles.h"
 
@@ -39,8 +43,14 @@ class Machine {
   UnitRegistry registry_{files_};
   LengthSyntax syntax_;
   PosixSettingsStore settings_{files_};
+  PosixRegional regional_;
+  PosixFileProperties fileProperties_;
+  SystemdService service_;
   std::string directory_;  // of the program, in the code page in use
   std::unique_ptr<TextLibrary> texts_;
+  PosixPrograms programs_;
+  std::unique_ptr<OpcServers> opc_;
+  Surroundings around_;
   Services services_;
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -47,6 +48,18 @@ class Desktop {
 
   /// Lets the events that have come up meanwhile run.
   virtual void DoEvents() = 0;
+
+  /// Stands still for so many milliseconds: nothing runs meanwhile, neither events nor posted actions.
+  virtual void Sleep(int milliseconds) = 0;
+
+  /// Has an action run on the thread of the windows, soon and in the order of the calls. From any thread. An action
+  /// that comes after the end of the desktop never runs.
+  virtual void Post(std::function<void()> action) = 0;
+
+  /// Waits until `done` says so, at most so many milliseconds; asks it after every posted action. Windows are painted
+  /// and posted actions run meanwhile, but what the user does waits.
+  /// @return what `done` says at the end
+  virtual bool WaitUntil(const std::function<bool()>& done, int milliseconds) = 0;
 
   virtual void Pointer(MousePointer pointer) = 0;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -43,6 +44,22 @@ class OutputFile {
   virtual void Write(std::string_view bytes) = 0;
 };
 
+/// A file that is open for reading, as it was when it was opened.
+class InputFile {
+ public:
+  InputFile() = default;
+  InputFile(const InputFile&) = delete;
+  InputFile& operator=(const InputFile&) = delete;
+  virtual ~InputFile() = default;
+
+  /// Bytes.
+  [[nodiscard]] virtual std::uint64_t Size() const = 0;
+
+  /// At most `count` bytes from `offset` on; fewer at the end of the file, none behind it.
+  /// @throws RuntimeError 57 for a fault of the device
+  [[nodiscard]] virtual std::string Read(std::uint64_t offset, std::size_t count) = 0;
+};
+
 /// Plain files. Paths are in the code page with kPathSeparator between the pieces. A last piece that does not exist
 /// in exactly this spelling stands for the entry of the same directory that differs only in case, if there is one:
 /// projects come from a system that does not distinguish it. A file that is made new gets the spelling of the call;
@@ -62,6 +79,9 @@ class Files {
 
   /// The whole content. Never blocks: only regular files can be read.
   [[nodiscard]] virtual std::string ReadAll(std::string_view path) = 0;
+
+  /// Opens for reading piece by piece, for files that are too large to be read whole. Only regular files.
+  [[nodiscard]] virtual std::unique_ptr<InputFile> Open(std::string_view path) = 0;
 
   /// Opens for writing; an existing file is emptied.
   [[nodiscard]] virtual std::unique_ptr<OutputFile> Create(std::string_view path) = 0;

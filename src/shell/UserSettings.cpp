@@ -8,10 +8,10 @@
 #include <string>
 #include <string_view>
 
+#include "brand/Brand.h"
 #include "model/shared/modMain.h"
 #include "platform/NumberText.h"
 #include "platform/RuntimeError.h"
-#include "shell/Brand.h"
 #include "shell/frmOPC.h"
 
 namespace tavrin {

@@ -5,13 +5,13 @@
 #include <string_view>
 #include <utility>
 
+#include "brand/Brand.h"
 #include "model/cOPC.h"
 #include "model/shared/modMain.h"
 #include "model/shared/modParser.h"
 #include "model/shared/modRegistry.h"
 #include "model/shared/modText.h"
 #include "platform/CodePage.h"
-#include "shell/Brand.h"
 
 namespace tavrin {
 

@@ -35,9 +35,12 @@ constexpr std::array kLayers{
     Layer{"platform/windows", kPlatform, true},
     Layer{"model", kPlatform},
     Layer{"editing", kModel},
-    Layer{"shell", "editing model online tools platform platform/controls"},
-    Layer{"online", kEditing},
-    Layer{"tools", kEditing},
+    Layer{"brand", ""},
+    Layer{"tools", kModel},
+    Layer{"online/opc", kPlatform},
+    Layer{"online", "brand online/opc model platform platform/controls"},
+    Layer{"sim", "online/opc model platform platform/controls"},
+    Layer{"shell", "brand editing model online tools platform platform/controls"},
     Layer{"app", kEverything, true, true},
 };
 

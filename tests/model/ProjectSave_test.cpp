@@ -65,7 +65,7 @@ class ProjectSaveTest : public ProjectTest {
   }
 
   FailingProfiles failing{files};
-  Services failingServices{desktop, files, failing, registry, texts, syntax, settings, {}};
+  Services failingServices{desktop, files, failing, registry, texts, syntax, settings, around.all, {}};
 };
 
 TEST_F(ProjectSaveTest, AnEmptyProjectIsTheSectionGeneral) {

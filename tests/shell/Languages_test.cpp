@@ -48,7 +48,8 @@ class LanguagesTest : public ShellTest {
   [[nodiscard]] std::string InApplication(const std::string& name) const { return directory.Path() + "app/" + name; }
 
   LanguageTexts languageTexts;
-  Services inLanguages{desktop, files, files, registry, languageTexts, syntax, settings, directory.Path() + "app"};
+  Services inLanguages{
+      desktop, files, files, registry, languageTexts, syntax, settings, around.all, directory.Path() + "app"};
 };
 
 // ---- the menu
@@ -323,7 +324,8 @@ TEST_F(StaticTextsTest, TipsLeaveOutWhatBelongsToMenusOnly) {
     }
   };
   MenuTexts menuTexts;
-  const Services spoken{desktop, files, files, registry, menuTexts, syntax, settings, directory.Path() + "app"};
+  const Services spoken{
+      desktop, files, files, registry, menuTexts, syntax, settings, around.all, directory.Path() + "app"};
   modMain::globals.services = &spoken;
   window->languages.GetStaticTexts();
   modMain::globals.services = &services;

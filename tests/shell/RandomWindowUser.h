@@ -97,7 +97,7 @@ class RandomWindowUser : public ShellTest {
 
   std::mt19937 dice_{19970313};
   DiceDesktop dialogs_{dice_};
-  Services own_{dialogs_, files, files, registry, texts, syntax, settings, services.applicationDirectory};
+  Services own_{dialogs_, files, files, registry, texts, syntax, settings, around.all, services.applicationDirectory};
   int names_ = 0;
   std::map<std::string, std::string> plant_;  ///< the files of the first project
   std::vector<std::string> before_;           ///< the project before the step

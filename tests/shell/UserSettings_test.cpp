@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "shell/Brand.h"
+#include "brand/Brand.h"
 #include "support/ShellTest.h"
 
 namespace tavrin {
@@ -127,7 +127,8 @@ TEST_F(UserSettingsTest, EverythingIsAsItWasAfterARestart) {
 
 TEST_F(UserSettingsTest, TheOrderIsFixed) {
   OrderedSettings ordered;
-  const Services own{desktop, files, files, registry, texts, syntax, ordered, services.applicationDirectory};
+  const Services own{
+      desktop, files, files, registry, texts, syntax, ordered, around.all, services.applicationDirectory};
   modMain::globals.services = &own;
   Start();
   EXPECT_THAT(ordered.read,

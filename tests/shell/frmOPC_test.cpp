@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <vector>
 
-#include "shell/Brand.h"
+#include "brand/Brand.h"
 #include "support/ShellTest.h"
 
 namespace tavrin {
@@ -103,7 +103,8 @@ TEST_F(FormTest, PendingEventsRunSixTimesBeforeTheLibrariesAreProbed) {
 
 TEST_F(FormTest, WithoutTextsTheProcessEndsAfterAGermanBox) {
   NoTexts none;
-  const Services poor{desktop, files, files, registry, none, syntax, settings, services.applicationDirectory};
+  const Services poor{
+      desktop, files, files, registry, none, syntax, settings, around.all, services.applicationDirectory};
   modMain::globals.services = &poor;
   bool probed = false;
   syntax.source = [&](std::string& /*source*/, std::int32_t /*type*/, std::int32_t /*plc*/) {
@@ -189,7 +190,8 @@ class WatchedRegistry : public Registry {
 
 TEST_F(FormTest, TheServerIsLookedForWhenTheWindowIsOnTheScreen) {
   WatchedRegistry watched;
-  const Services own{desktop, files, files, watched, texts, syntax, settings, services.applicationDirectory};
+  const Services own{
+      desktop, files, files, watched, texts, syntax, settings, around.all, services.applicationDirectory};
   modMain::globals.services = &own;
   window = std::make_unique<frmOPC>("");
   watched.form = window.get();
@@ -199,7 +201,8 @@ TEST_F(FormTest, TheServerIsLookedForWhenTheWindowIsOnTheScreen) {
 
 TEST_F(FormTest, ATestRunDoesNotLookForTheServer) {
   WatchedRegistry watched;
-  const Services own{desktop, files, files, watched, texts, syntax, settings, services.applicationDirectory};
+  const Services own{
+      desktop, files, files, watched, texts, syntax, settings, around.all, services.applicationDirectory};
   modMain::globals.services = &own;
   Start("-TEST");
   EXPECT_THAT(watched.asked, IsEmpty());
@@ -328,7 +331,8 @@ class CountingSettings : public MemorySettings {
 
 TEST_F(FormTest, SettingsAreWrittenASecondTimeWhenNothingWasSaved) {
   CountingSettings counting;
-  const Services own{desktop, files, files, registry, texts, syntax, counting, services.applicationDirectory};
+  const Services own{
+      desktop, files, files, registry, texts, syntax, counting, around.all, services.applicationDirectory};
   modMain::globals.services = &own;
   Start();
   Window().UserClose();
@@ -337,7 +341,8 @@ TEST_F(FormTest, SettingsAreWrittenASecondTimeWhenNothingWasSaved) {
 
 TEST_F(FormTest, SettingsAreWrittenOnceWhenTheProjectWasSaved) {
   CountingSettings counting;
-  const Services own{desktop, files, files, registry, texts, syntax, counting, services.applicationDirectory};
+  const Services own{
+      desktop, files, files, registry, texts, syntax, counting, around.all, services.applicationDirectory};
   modMain::globals.services = &own;
   Start();
   NewProject();
@@ -376,7 +381,7 @@ class BrokenSettings : public SettingsStore {
 
 TEST_F(FormTest, ABrokenStoreKeepsTheProgramNeitherFromStartingNorFromClosing) {
   BrokenSettings broken;
-  const Services own{desktop, files, files, registry, texts, syntax, broken, services.applicationDirectory};
+  const Services own{desktop, files, files, registry, texts, syntax, broken, around.all, services.applicationDirectory};
   modMain::globals.services = &own;
   Start();
   EXPECT_TRUE(Window().Visible());

@@ -38,6 +38,10 @@ class FaultyFiles : public Files {
     Check(reading, path);
     return real_.ReadAll(path);
   }
+  std::unique_ptr<InputFile> Open(std::string_view path) override {
+    Check(reading, path);
+    return real_.Open(path);
+  }
   std::unique_ptr<OutputFile> Create(std::string_view path) override {
     Check(creating, path);
     return std::make_unique<LimitedFile>(real_.Create(path), room);

@@ -12,6 +12,7 @@
 #include "model/shared/cWarnings.h"
 #include "model/shared/modMain.h"
 #include "platform/headless/HeadlessDesktop.h"
+#include "platform/headless/HeadlessSurroundings.h"
 #include "platform/headless/MemorySettings.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/UnitRegistry.h"
@@ -62,7 +63,8 @@ class ProjectTest : public testing::Test {
   NumberTexts texts;
   ScriptedSyntax syntax;
   MemorySettings settings;
-  Services services{desktop, files, files, registry, texts, syntax, settings, directory.Path() + "app"};
+  HeadlessSurroundings around;
+  Services services{desktop, files, files, registry, texts, syntax, settings, around.all, directory.Path() + "app"};
 };
 
 }  // namespace tavrin

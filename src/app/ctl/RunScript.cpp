@@ -11,9 +11,9 @@
 #include "app/session/Session.h"
 #include "app/session/Subjects.h"
 #include "app/session/Verbs.h"
+#include "brand/Brand.h"
 #include "platform/headless/EmptyRegistry.h"
 #include "platform/headless/MemorySettings.h"
-#include "shell/Brand.h"
 
 namespace tavrin {
 
@@ -82,8 +82,9 @@ ExitStatus RunScript(Host& host, const ScriptRequest& request) {
   const Services& own = modMain::Platform();
   SettingsStore& settings = request.userSettings ? own.settings : ownSettings;
   Registry& registry = request.userSettings ? own.registry : noRegistry;
-  const Services machine{own.desktop, own.files,  own.profiles, registry,
-                         own.texts,   own.syntax, settings,     own.applicationDirectory};
+  const Services machine{own.desktop, own.files,  own.profiles,
+                         registry,    own.texts,  own.syntax,
+                         settings,    own.around, own.applicationDirectory};
   Session session(machine, [](std::string_view line) { std::fwrite(line.data(), 1, line.size(), stdout); });
   if (const auto fault = session.Run(parser.Lines())) return Fault(request, *fault, ExitStatus::Warnings);
   if (!host.LostWrites()) return ExitStatus::Clean;

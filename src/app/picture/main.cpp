@@ -10,13 +10,13 @@
 
 #include "app/Machine.h"
 #include "app/editor/Application.h"
+#include "brand/Brand.h"
 #include "platform/CodePage.h"
 #include "platform/RuntimeError.h"
 #include "platform/headless/HeadlessDesktop.h"
 #include "platform/headless/MemorySettings.h"
 #include "platform/qt/FormView.h"
 #include "platform/qt/QtWords.h"
-#include "shell/Brand.h"
 #include "shell/frmOPC.h"
 
 namespace {

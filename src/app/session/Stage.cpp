@@ -8,10 +8,9 @@
 namespace tavrin {
 
 Stage::Stage(const Services& machine, const Transcript::Sink& sink)
-    : transcript(sink), desktop(transcript), services_{desktop,          machine.files,
-                                                       machine.profiles, machine.registry,
-                                                       machine.texts,    machine.syntax,
-                                                       machine.settings, machine.applicationDirectory} {}
+    : transcript(sink), desktop(transcript), services_{desktop,          machine.files, machine.profiles,
+                                                       machine.registry, machine.texts, machine.syntax,
+                                                       machine.settings, around.all,    machine.applicationDirectory} {}
 
 Stage::~Stage() {
   program_.reset();

@@ -8,6 +8,7 @@
 #include "app/session/SessionDesktop.h"
 #include "app/session/Transcript.h"
 #include "model/shared/modMain.h"
+#include "platform/headless/HeadlessSurroundings.h"
 #include "shell/frmOPC.h"
 
 namespace tavrin {
@@ -46,6 +47,8 @@ class Stage {
 
   Transcript transcript;
   SessionDesktop desktop;
+  /// What the program starts is recorded; clock and habits are the same everywhere.
+  HeadlessSurroundings around;
   /// The popup menu that is open, nullptr when none is.
   MenuEntry* popup = nullptr;
   /// Number of the line that is being done.

@@ -11,6 +11,7 @@
 #include "platform/Registry.h"
 #include "platform/ServerSyntax.h"
 #include "platform/SettingsStore.h"
+#include "platform/Surroundings.h"
 #include "platform/TextLibrary.h"
 
 namespace tavrin {
@@ -31,6 +32,7 @@ struct Services {
   TextLibrary& texts;
   ServerSyntax& syntax;
   SettingsStore& settings;
+  Surroundings& around;
   std::string applicationDirectory;  ///< where texts, Tavrin.INI and the sample stand, without a trailing separator
 };
 

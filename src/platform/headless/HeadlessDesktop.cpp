@@ -49,6 +49,17 @@ std::string HeadlessDesktop::AskFolder(std::string_view title) {
   return NextPath("folder", std::string(title)).value_or(std::string());
 }
 
+void HeadlessDesktop::DoEvents() {
+  ++rounds_;
+  posted_.Run();
+}
+
+void HeadlessDesktop::Post(std::function<void()> action) { posted_.Add(std::move(action)); }
+
+bool HeadlessDesktop::WaitUntil(const std::function<bool()>& done, int milliseconds) {
+  return posted_.RunUntil(done, std::chrono::milliseconds(milliseconds));
+}
+
 std::vector<std::string> HeadlessDesktop::TakeBoxes() { return std::exchange(boxes_, {}); }
 
 std::optional<std::string> HeadlessDesktop::NextPath(std::string_view what, const std::string& text) {

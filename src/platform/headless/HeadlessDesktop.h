@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/Desktop.h"
+#include "platform/headless/ActionQueue.h"
 
 namespace tavrin {
 
@@ -26,7 +27,12 @@ class HeadlessDesktop : public Desktop {
   void PopupMenu(MenuEntry& menu) override;
   [[nodiscard]] std::optional<std::string> AskOpenFile(const OpenFileRequest& request) override;
   [[nodiscard]] std::string AskFolder(std::string_view title) override;
-  void DoEvents() override { ++rounds_; }
+  /// Runs what has been posted.
+  void DoEvents() override;
+  /// Recorded; time does not pass.
+  void Sleep(int milliseconds) override { sleeps_.push_back(milliseconds); }
+  void Post(std::function<void()> action) override;
+  bool WaitUntil(const std::function<bool()>& done, int milliseconds) override;
   void Pointer(MousePointer pointer) override { pointers_.push_back(pointer); }
   void EndProcess() override { ended_ = true; }
 
@@ -54,6 +60,8 @@ class HeadlessDesktop : public Desktop {
   [[nodiscard]] const std::vector<std::string>& FolderTitles() const { return folderTitles_; }
   /// All pointers asked for, oldest first.
   [[nodiscard]] const std::vector<MousePointer>& Pointers() const { return pointers_; }
+  /// The milliseconds of all calls of Sleep, oldest first.
+  [[nodiscard]] const std::vector<int>& Sleeps() const { return sleeps_; }
   /// Calls of DoEvents so far.
   [[nodiscard]] int EventRounds() const { return rounds_; }
   [[nodiscard]] bool Ended() const { return ended_; }
@@ -71,6 +79,8 @@ class HeadlessDesktop : public Desktop {
   std::vector<OpenFileRequest> openRequests_;
   std::vector<std::string> folderTitles_;
   std::vector<MousePointer> pointers_;
+  std::vector<int> sleeps_;
+  ActionQueue posted_;
   std::deque<bool> answers_;
   std::deque<std::optional<std::string>> paths_;
   int rounds_ = 0;

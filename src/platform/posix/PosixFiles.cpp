@@ -130,6 +130,35 @@ void WriteAll(const Descriptor& file, std::string_view bytes) {
   }
 }
 
+class PosixInputFile : public InputFile {
+ public:
+  explicit PosixInputFile(Descriptor file)
+      : file_(std::move(file)), size_(static_cast<std::uint64_t>(StatusOf(file_).st_size)) {}
+
+  [[nodiscard]] std::uint64_t Size() const override { return size_; }
+
+  [[nodiscard]] std::string Read(std::uint64_t offset, std::size_t count) override {
+    if (offset >= size_) return {};
+    std::string bytes;
+    Resize(bytes, static_cast<std::size_t>(std::min<std::uint64_t>(count, size_ - offset)));
+    std::size_t filled = 0;
+    while (filled < bytes.size()) {
+      const ssize_t got = Retried([&] {
+        return pread(file_.Number(), bytes.data() + filled, bytes.size() - filled, static_cast<off_t>(offset + filled));
+      });
+      if (got < 0) Fail(errno);
+      if (got == 0) break;  // it has been cut meanwhile
+      filled += static_cast<std::size_t>(got);
+    }
+    bytes.resize(filled);
+    return bytes;
+  }
+
+ private:
+  Descriptor file_;
+  std::uint64_t size_;
+};
+
 class PosixOutputFile : public OutputFile {
  public:
   explicit PosixOutputFile(Descriptor file) : file_(std::move(file)) {}
@@ -171,6 +200,10 @@ std::string PosixFiles::ReadAll(std::string_view path) {
   }
   content.resize(filled);
   return content;
+}
+
+std::unique_ptr<InputFile> PosixFiles::Open(std::string_view path) {
+  return std::make_unique<PosixInputFile>(OpenToRead(finder_, PosixPath(path)));
 }
 
 std::unique_ptr<OutputFile> PosixFiles::Create(std::string_view path) {

@@ -23,6 +23,7 @@ class PosixFiles : public Files {
   [[nodiscard]] std::optional<FileStatus> Status(std::string_view path) override;
   /// @throws RuntimeError 7 also for a file that memory cannot hold
   [[nodiscard]] std::string ReadAll(std::string_view path) override;
+  [[nodiscard]] std::unique_ptr<InputFile> Open(std::string_view path) override;
   [[nodiscard]] std::unique_ptr<OutputFile> Create(std::string_view path) override;
   void Append(std::string_view path, std::string_view bytes) override;
   /// @throws RuntimeError 5 also when `offset` is behind the end of the file

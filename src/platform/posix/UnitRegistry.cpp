@@ -31,6 +31,11 @@ std::optional<std::string> DescriptionIn(std::string_view unit) {
 
 }  // namespace
 
+std::string UnitOf(std::string_view keyPath) {
+  if (!keyPath.starts_with(kServices)) return {};
+  return std::string(keyPath.substr(kServices.size())) + ".service";
+}
+
 std::optional<std::string> UnitRegistry::DescriptionOf(const std::string& path) {
   try {
     return DescriptionIn(files_.ReadAll(path));
@@ -40,8 +45,8 @@ std::optional<std::string> UnitRegistry::DescriptionOf(const std::string& path) 
 }
 
 std::optional<std::string> UnitRegistry::QueryText(std::string_view keyPath, std::string_view valueName) {
-  if (valueName != "DisplayName" || keyPath.substr(0, kServices.size()) != kServices) return std::nullopt;
-  const std::string unit = std::string(keyPath.substr(kServices.size())) + ".service";
+  const std::string unit = UnitOf(keyPath);
+  if (valueName != "DisplayName" || unit.empty()) return std::nullopt;
   for (const std::string_view directory : kUnitDirectories) {
     const std::string path = root_ + std::string(directory) + unit;
     const auto status = files_.Status(path);

@@ -8,6 +8,9 @@
 
 namespace tavrin {
 
+/// Name of the unit that stands for a service key, e.g. "TheServer.service"; empty for a key that is of no service.
+[[nodiscard]] std::string UnitOf(std::string_view keyPath);
+
 /// What stands for the machine-wide service entries on a system with systemd: the value "DisplayName" below the key of
 /// a service is the Description= of the unit file of that name, looked for where systemd looks. No unit, no value.
 class UnitRegistry : public Registry {

@@ -43,6 +43,11 @@ std::string ProfiledFiles::ReadAll(std::string_view path) {
   return files_.ReadAll(path);
 }
 
+std::unique_ptr<InputFile> ProfiledFiles::Open(std::string_view path) {
+  Meet(path);
+  return files_.Open(path);
+}
+
 std::unique_ptr<OutputFile> ProfiledFiles::Create(std::string_view path) {
   MeetAndForget(path);
   return files_.Create(path);

@@ -34,6 +34,7 @@ class ProfiledFiles : public Files, public ProfileFiles {
 
   [[nodiscard]] std::optional<FileStatus> Status(std::string_view path) override;
   [[nodiscard]] std::string ReadAll(std::string_view path) override;
+  [[nodiscard]] std::unique_ptr<InputFile> Open(std::string_view path) override;
   [[nodiscard]] std::unique_ptr<OutputFile> Create(std::string_view path) override;
   void Append(std::string_view path, std::string_view bytes) override;
   void ReplaceTail(std::string_view path, std::uint64_t offset, std::string_view bytes) override;

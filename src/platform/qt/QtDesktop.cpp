@@ -3,9 +3,12 @@
 #include <QAbstractScrollArea>
 #include <QApplication>
 #include <QCursor>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFileDialog>
 #include <QMainWindow>
+#include <QThread>
+#include <QTimer>
 #include <QWidget>
 
 #include "platform/RuntimeError.h"
@@ -164,6 +167,23 @@ std::string QtDesktop::AskFolder(std::string_view title) {
 }
 
 void QtDesktop::DoEvents() { QCoreApplication::processEvents(); }
+
+void QtDesktop::Sleep(int milliseconds) { QThread::msleep(static_cast<unsigned long>(std::max(milliseconds, 0))); }
+
+void QtDesktop::Post(std::function<void()> action) {
+  QMetaObject::invokeMethod(&posts_, std::move(action), Qt::QueuedConnection);
+}
+
+bool QtDesktop::WaitUntil(const std::function<bool()>& done, int milliseconds) {
+  QDeadlineTimer deadline(milliseconds);
+  QTimer wake;  // else the wait for events would outlast the deadline
+  wake.setSingleShot(true);
+  wake.start(milliseconds);
+  while (!done() && !deadline.hasExpired() && !Ended()) {
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
+  }
+  return done();
+}
 
 void QtDesktop::Pointer(MousePointer pointer) {
   const bool busy = pointer == MousePointer::Hourglass;

@@ -27,6 +27,9 @@ class QtDesktop : public Desktop {
   /// @throws RuntimeError 76 as AskOpenFile
   [[nodiscard]] std::string AskFolder(std::string_view title) override;
   void DoEvents() override;
+  void Sleep(int milliseconds) override;
+  void Post(std::function<void()> action) override;
+  bool WaitUntil(const std::function<bool()>& done, int milliseconds) override;
   void Pointer(MousePointer pointer) override;
   void EndProcess() override;
 
@@ -39,6 +42,7 @@ class QtDesktop : public Desktop {
   QtWords& words_;
   std::function<std::string()> title_;
   bool busy_ = false;
+  QObject posts_;                     // actions that are still posted when it goes never run
   std::unique_ptr<QObject> silence_;  // takes all events once the program has ended
 };
 

@@ -42,6 +42,9 @@ class CatalogueFiles : public Files {
     if (!entry.readable) throw RuntimeError(ErrorNumber::PathFileAccess);
     return entry.content;
   }
+  [[nodiscard]] std::unique_ptr<InputFile> Open(std::string_view) override {
+    throw RuntimeError(ErrorNumber::PathFileAccess);
+  }
   [[nodiscard]] std::unique_ptr<OutputFile> Create(std::string_view) override { return Refuse(); }
   void Append(std::string_view, std::string_view) override { Refuse(); }
   void ReplaceTail(std::string_view, std::uint64_t, std::string_view) override { Refuse(); }

@@ -137,7 +137,7 @@ class DialoglessDesktop : public HeadlessDesktop {
 
 TEST_F(modFilesTest, AnErrorInBrowseForFolderIsToldUnderTheModulesShortName) {
   DialoglessDesktop broken;
-  const Services withBroken{broken, files, files, registry, texts, syntax, settings, ""};
+  const Services withBroken{broken, files, files, registry, texts, syntax, settings, around.all, ""};
   modMain::globals.services = &withBroken;
   EXPECT_EQ(BrowseForFolder(), "");
   EXPECT_THAT(broken.TakeBoxes(), ElementsAre("#199 7 #200 modFile.BrowseForFolder : Out of memory"));

@@ -67,7 +67,7 @@ TEST_F(modRegistryTest, AnErrorGivesAnEmptyText) {
     }
   };
   BrokenRegistry broken;
-  const Services withBroken{desktop, files, files, broken, texts, syntax, settings, ""};
+  const Services withBroken{desktop, files, files, broken, texts, syntax, settings, around.all, ""};
   modMain::globals.services = &withBroken;
   EXPECT_EQ(Value(), "");
   EXPECT_TRUE(Boxes().empty());

@@ -39,7 +39,7 @@ class modTextTest : public ProjectTest {
   modTextTest() { modMain::globals.services = &own; }
 
   OneText library;
-  Services own{desktop, files, files, registry, library, syntax, settings, ""};
+  Services own{desktop, files, files, registry, library, syntax, settings, around.all, ""};
 };
 
 TEST_F(modTextTest, ResTextAsksForTheNumberInTheCurrentLanguage) {
