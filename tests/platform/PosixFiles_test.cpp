@@ -17,6 +17,7 @@
 #include "platform/CodePage.h"
 #include "platform/NamesIn.h"
 #include "platform/RuntimeError.h"
+#include "support/DirectoryWatch.h"
 #include "support/TemporaryDirectory.h"
 
 namespace tavrin {
@@ -216,6 +217,19 @@ TEST_F(PosixFilesTest, FileWithoutRightsIs75ForAnotherUserToo) {
   EXPECT_EQ(folder_.Read("a"), "kept");
 }
 
+TEST_F(PosixFilesTest, AFileThatNobodyMayWriteIsNotRemovedByTheSuperuserEither) {
+  folder_.Write("a", "kept");
+  for (const mode_t mode : {0444U, 0400U, 0555U, 0U}) {
+    ASSERT_EQ(chmod(Path("a").c_str(), mode), 0);
+    EXPECT_EQ(ErrorOf([&] { files_.Remove(Path("a")); }), 75) << mode;
+    EXPECT_EQ(ErrorOf([&] { files_.Remove(Path("A")); }), 75) << mode;
+    EXPECT_TRUE(folder_.Has("a")) << mode;
+  }
+  ASSERT_EQ(chmod(Path("a").c_str(), 0600), 0);
+  files_.Remove(Path("a"));
+  EXPECT_FALSE(folder_.Has("a"));
+}
+
 TEST_F(PosixFilesTest, SizeLimitIs61AndNotTheEndOfTheProcess) {
   const std::string path = Path("a");
   const int passed = InChild([&] {
@@ -304,6 +318,28 @@ TEST_F(PosixFilesTest, AFileInOtherCaseIsRemovedAndMadeNewInTheSpellingOfTheCall
 TEST_F(PosixFilesTest, OfSeveralOtherCasesTheFirstInByteOrderIsTaken) {
   for (const char* name : {"ab.ini", "aB.ini", "Ab.ini"}) folder_.Write(name, name);
   EXPECT_EQ(files_.ReadAll(Path("AB.INI")), "Ab.ini");
+}
+
+TEST_F(PosixFilesTest, ALinkToNothingIsThatNameAndStandsForNoOther) {
+  folder_.Write("A.INI", "upper");
+  std::filesystem::create_symlink("nowhere", Path("a.ini"));
+  EXPECT_FALSE(files_.Status(Path("a.ini")));
+  EXPECT_EQ(ErrorOf([&] { static_cast<void>(files_.ReadAll(Path("a.ini"))); }), 53);
+  EXPECT_EQ(ErrorOf([&] { static_cast<void>(files_.Open(Path("a.ini"))); }), 53);
+  EXPECT_TRUE(files_.Status(Path("a.INI"))) << "any other spelling is looked for";
+  files_.Remove(Path("a.ini"));
+  EXPECT_EQ(NamesIn(folder_), std::vector<std::string>{"A.INI"});
+}
+
+TEST_F(PosixFilesTest, OnlyForANameThatIsNotThereTheDirectoryIsRead) {
+  folder_.Write("a.ini", "");
+  std::filesystem::create_symlink("nowhere", Path("broken"));
+  const DirectoryWatch watch(folder_.Path());
+  static_cast<void>(files_.Status(Path("a.ini")));
+  static_cast<void>(files_.Status(Path("broken")));
+  EXPECT_EQ(watch.Opened(), 0);
+  static_cast<void>(files_.Status(Path("none")));
+  EXPECT_EQ(watch.Opened(), 1);
 }
 
 TEST_F(PosixFilesTest, CaseOfADirectoryCounts) {

@@ -42,7 +42,7 @@ class ListView : public Control {
   /// Removes all rows.
   void Clear();
   [[nodiscard]] const std::string& HeaderText() const { return header_; }
-  /// Twips.
+  /// Twips. A list that is sized with its window has a column that fills it, whatever the width.
   [[nodiscard]] float HeaderWidth() const { return width_; }
   void Header(std::string_view text, float width);
   /// Adds rows at the end.

@@ -65,7 +65,7 @@ void ListView::Mark(int row, std::string_view icon, bool checked) {
 }
 
 void ListView::UserSelect(int row) {
-  if (!Visible() || !Enabled() || row < -1 || row >= Count()) return;
+  if (!Visible() || !Enabled() || row < 0 || row >= Count()) return;
   UserFocus();
   if (current_ == row) return;
   current_ = row;

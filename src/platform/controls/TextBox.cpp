@@ -5,6 +5,13 @@
 
 namespace tavrin {
 
+void TextBox::Text(std::string_view value) {
+  if (text_ == value) return;
+  text_ = value;
+  Changed();
+  Run(OnChange);
+}
+
 void TextBox::UserType(std::string_view characters) {
   if (!Visible() || !Enabled()) return;
   UserFocus();

@@ -14,7 +14,7 @@ class TextBox : public Control {
   using Control::Control;
 
   [[nodiscard]] const std::string& Text() const { return text_; }
-  void Text(std::string_view value) { Assign(text_, std::string(value)); }
+  void Text(std::string_view value);
 
   /// The user types characters one by one at the end of the text, each through OnKeyPress; control characters never
   /// pass. Gives the keyboard to the field.
@@ -27,6 +27,8 @@ class TextBox : public Control {
 
   /// A character that is typed; setting it to 0 swallows it.
   std::function<void(int& key)> OnKeyPress;
+  /// The text has become another one, by the user or by program.
+  std::function<void()> OnChange;
 
  private:
   std::string text_;

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <functional>
+#include <string>
+#include <utility>
 
 #include "platform/controls/Control.h"
 
@@ -13,9 +16,9 @@ class Timer : public Control {
   /// Starts disabled.
   Timer(Form& form, std::string name, int index = 0) : Control(form, std::move(name), index) { Enabled(false); }
 
-  /// Milliseconds between two ticks, at least 1.
+  /// Milliseconds between two ticks; below 1 counts as 1.
   [[nodiscard]] int Interval() const { return interval_; }
-  void Interval(int milliseconds) { Assign(interval_, milliseconds); }
+  void Interval(int milliseconds) { Assign(interval_, std::max(milliseconds, 1)); }
 
   /// The time has come. Without effect while it is disabled or the handler runs.
   void Elapse();

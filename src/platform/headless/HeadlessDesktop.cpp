@@ -60,6 +60,16 @@ bool HeadlessDesktop::WaitUntil(const std::function<bool()>& done, int milliseco
   return posted_.RunUntil(done, std::chrono::milliseconds(milliseconds));
 }
 
+void HeadlessDesktop::EndProcess() {
+  ended_ = true;
+  posted_.Close();
+}
+
+void HeadlessDesktop::Restart() {
+  ended_ = false;
+  posted_.Open();
+}
+
 std::vector<std::string> HeadlessDesktop::TakeBoxes() { return std::exchange(boxes_, {}); }
 
 std::optional<std::string> HeadlessDesktop::NextPath(std::string_view what, const std::string& text) {

@@ -34,7 +34,10 @@ class HeadlessDesktop : public Desktop {
   void Post(std::function<void()> action) override;
   bool WaitUntil(const std::function<bool()>& done, int milliseconds) override;
   void Pointer(MousePointer pointer) override { pointers_.push_back(pointer); }
-  void EndProcess() override { ended_ = true; }
+  /// From here on nothing that is posted runs.
+  void EndProcess() override;
+  /// The program is started once more on the same desktop.
+  void Restart();
 
   /// Answers one further question, in the order of the calls.
   void AnswerNext(bool yes) { answers_.push_back(yes); }

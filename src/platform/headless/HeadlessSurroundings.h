@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -33,17 +34,23 @@ class RecordingPrograms : public Programs {
     Take("text", std::string(path), static_cast<int>(style));
   }
   [[nodiscard]] bool OpenDocument(std::string_view path, int page) override {
-    started.push_back({"document", std::string(path), page});
+    Note({"document", std::string(path), page});
     return !missing;
   }
 
   std::vector<Started> started;
   bool missing = false;  ///< there is no program for anything
+  /// Told of each start as it comes, also while programs are missing.
+  std::function<void(const Started& started)> OnStarted;
 
  private:
   void Take(std::string what, std::string path, int number) {
-    started.push_back({std::move(what), std::move(path), number});
+    Note({std::move(what), std::move(path), number});
     if (missing) throw RuntimeError(ErrorNumber::FileNotFound);
+  }
+  void Note(Started start) {
+    started.push_back(std::move(start));
+    if (OnStarted) OnStarted(started.back());
   }
 };
 
@@ -78,13 +85,21 @@ class MemoryFileProperties : public FileProperties {
 /// A service whose calls give the numbers that were set, and count.
 class ScriptedService : public ServiceControl {
  public:
-  int CmdStopServiceEx() override { return ++stops, stopResult; }
-  int CmdStartServiceEx() override { return ++starts, startResult; }
+  int CmdStopServiceEx() override { return ++stops, Called("stop", stopResult); }
+  int CmdStartServiceEx() override { return ++starts, Called("start", startResult); }
 
   int stopResult = 0;
   int startResult = 0;
   int stops = 0;
   int starts = 0;
+  /// Told of each call, "stop" or "start", and of the number that it gives.
+  std::function<void(std::string_view call, int result)> OnCalled;
+
+ private:
+  int Called(std::string_view call, int result) const {
+    if (OnCalled) OnCalled(call, result);
+    return result;
+  }
 };
 
 /// The surroundings of a program that nobody and nothing is around.

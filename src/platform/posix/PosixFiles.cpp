@@ -12,11 +12,14 @@
 
 #include "platform/CodePage.h"
 #include "platform/RuntimeError.h"
+#include "platform/posix/SharedFolder.h"
 
 namespace tavrin {
 namespace {
 
 using SystemStatus = struct stat;
+
+constexpr mode_t kWriteBits = S_IWUSR | S_IWGRP | S_IWOTH;
 
 /// Repeats a system call that a signal has interrupted.
 template <typename Call>
@@ -108,9 +111,9 @@ void Resize(std::string& text, std::size_t size) {
 /// Opens without emptying: what is there must be known to be a regular file first.
 Descriptor OpenToWrite(PosixPathFinder& finder, const PosixPath& path, int flags = 0) {
   const int all = O_WRONLY | kAlways | flags;
-  int number = finder.OnExisting(path, [all](const char* name) { return open(name, all); });
+  int number = finder.OnExisting(path, [all](const char* name) { return OpenForWriting(name, all); });
   if (number < 0 && errno == ENOENT) {
-    number = Retried([&] { return open(path.whole.c_str(), all | O_CREAT, 0666); });
+    number = Retried([&] { return OpenForWriting(path.whole.c_str(), all | O_CREAT, 0666); });
     if (number < 0 && errno == ENOENT) Fail(ENOTDIR);  // a file that can be made new is only missing its directory
     if (number >= 0) finder.MarkMade(path);
   }
@@ -167,6 +170,12 @@ class PosixOutputFile : public OutputFile {
  private:
   Descriptor file_;
 };
+
+/// The superuser may write any file: what tells that a file is to be kept is that nobody has the right.
+bool MayGo(const char* name, const SystemStatus& status) {
+  return S_ISREG(status.st_mode) && (status.st_mode & kWriteBits) != 0 &&
+         faccessat(AT_FDCWD, name, W_OK, AT_EACCESS) == 0;
+}
 
 std::int64_t Nanoseconds(const timespec& time) { return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec; }
 
@@ -228,7 +237,7 @@ void PosixFiles::Remove(std::string_view text) {
   const PosixPath path(text);
   const auto removeRegular = [](const char* name) {
     SystemStatus status{};
-    if (stat(name, &status) == 0 && (!S_ISREG(status.st_mode) || faccessat(AT_FDCWD, name, W_OK, AT_EACCESS) != 0)) {
+    if (stat(name, &status) == 0 && !MayGo(name, status)) {
       errno = EACCES;
       return -1;
     }

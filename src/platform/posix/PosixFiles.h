@@ -17,7 +17,9 @@ void IgnoreFileSizeSignal();
 
 /// The files of a POSIX system. Names on the disk are UTF-8. Only regular files are touched: a FIFO, device, socket
 /// or directory is error 75 at once, it is never opened for good, waited for or removed. A file without the right to
-/// write is not removed either (75), although its directory would allow it: who took the right away wants it kept.
+/// write is not removed either (75), although its directory would allow it: who took the right away wants it kept. That
+/// holds for the superuser too where nobody has the right. In a directory that everybody may write to, only files of
+/// the user's own are written (SharedFolder.h); any other is 75.
 class PosixFiles : public Files {
  public:
   [[nodiscard]] std::optional<FileStatus> Status(std::string_view path) override;

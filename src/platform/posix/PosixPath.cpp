@@ -4,6 +4,7 @@
 #include <memory>
 
 #include <dirent.h>
+#include <sys/stat.h>
 
 #include "platform/CodePage.h"
 #include "platform/Files.h"
@@ -23,6 +24,12 @@ bool IsMissing(int result) { return result < 0 && errno == ENOENT; }
 bool IsSameButCase(const char* entry, const std::string& name) {
   const std::optional<std::string> spelled = FromUtf8(entry);
   return spelled && EqualIgnoringCase(*spelled, name);
+}
+
+/// There is such an entry, be it a link to nothing.
+bool IsEntry(const std::string& path) {
+  struct stat status {};
+  return lstat(path.c_str(), &status) == 0;
 }
 
 std::size_t FolderLength(std::string_view path) { return path.rfind(kPathSeparator) + 1; }
@@ -45,7 +52,10 @@ int PosixPathFinder::OnExisting(const PosixPath& path, const Act& act) {
     removed_.erase(path.whole);
     return result;
   }
-  if (removed_.contains(path.whole)) return result;
+  if (removed_.contains(path.whole) || IsEntry(path.whole)) {
+    errno = ENOENT;
+    return -1;
+  }
   if (asked_ == path.whole) result = Retried(act, found_);
   if (!IsMissing(result)) return result;
   const std::optional<std::string> other = InOtherCase(path);

@@ -29,7 +29,8 @@ class PosixPathFinder {
   using Act = std::function<int(const char*)>;
 
   /// Acts on the path or, when there is no such entry, on the entry that differs from it only in case: the first one
-  /// in byte order, so that the answer does not hang on the order in which a disk lists them.
+  /// in byte order, so that the answer does not hang on the order in which a disk lists them. A link to nothing is an
+  /// entry. Only for a path without one the directory is read, so that a walk over listed names is not quadratic.
   int OnExisting(const PosixPath& path, const Act& act);
 
   /// To be told of every file that was removed: until there is an entry of exactly this spelling again, nothing stands

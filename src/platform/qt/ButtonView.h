@@ -7,10 +7,14 @@
 
 namespace tavrin {
 
-/// Draws a push button.
+/// Draws a push button. Enter presses the one that has the keyboard, and from anywhere else the default button of the
+/// window; without one it presses none.
 class ButtonView : public QPushButton {
  public:
   ButtonView(Button& button, QWidget* parent);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void Follow(const Button& button);

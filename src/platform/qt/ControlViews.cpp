@@ -10,7 +10,10 @@
 #include "platform/qt/FieldView.h"
 #include "platform/qt/GridView.h"
 #include "platform/qt/LabelView.h"
+#include "platform/qt/ListBoxView.h"
+#include "platform/qt/ListViewView.h"
 #include "platform/qt/PictureView.h"
+#include "platform/qt/TimerView.h"
 #include "platform/qt/ToolbarView.h"
 #include "platform/qt/TreeView.h"
 #include "platform/qt/ViewCommon.h"
@@ -27,10 +30,11 @@ QWidget* Make(Control& control, QWidget* parent) {
   return wanted == nullptr ? nullptr : new View(*wanted, parent);
 }
 
-constexpr std::array<Maker, 8> kMakers{Make<TextBox, TextBoxView>, Make<RadioButton, RadioButtonView>,
-                                       Make<Grid, GridView>,       Make<Tree, TreeView>,
-                                       Make<Picture, PictureView>, Make<Toolbar, ToolbarView>,
-                                       Make<Button, ButtonView>,   Make<CheckBox, CheckBoxView>};
+constexpr std::array<Maker, 10> kMakers{Make<TextBox, TextBoxView>,   Make<RadioButton, RadioButtonView>,
+                                        Make<Grid, GridView>,         Make<Tree, TreeView>,
+                                        Make<Picture, PictureView>,   Make<Toolbar, ToolbarView>,
+                                        Make<Button, ButtonView>,     Make<CheckBox, CheckBoxView>,
+                                        Make<ListView, ListViewView>, Make<ListBox, ListBoxView>};
 
 QWidget* MakeView(Control& control, QWidget* parent, ControlViews::Places places) {
   const bool atPlace = places == ControlViews::Places::OfControls;
@@ -62,6 +66,7 @@ void ControlViews::Add(Control& control) {
   views_.emplace(&control, nullptr);
   // Before the view's own: a widget that is about to be hidden gives the keyboard up first.
   connections_.push_back(control.Changed.Connect([this, &control] { Follow(control); }));
+  if (auto* const timer = dynamic_cast<Timer*>(&control)) new TimerView(*timer, &parent_);
   QWidget* const view = MakeView(control, &parent_, places_);
   if (view == nullptr) return;
   views_[&control] = view;

@@ -1,12 +1,15 @@
 #include "platform/qt/DialogView.h"
 
+#include <QAbstractScrollArea>
 #include <QCloseEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QScreen>
 #include <algorithm>
 
 #include "platform/controls/Button.h"
+#include "platform/controls/Picture.h"
 #include "platform/controls/TextBox.h"
 #include "platform/qt/Text.h"
 #include "platform/qt/ViewCommon.h"
@@ -16,6 +19,9 @@ namespace tavrin {
 namespace {
 
 constexpr float kGapAboveButtons = 150;  // twips
+
+/// What a user would like to see more of.
+bool IsLarge(const QWidget* view) { return qobject_cast<const QAbstractScrollArea*>(view) != nullptr; }
 
 bool IsButton(const Control* control) { return dynamic_cast<const Button*>(control) != nullptr; }
 
@@ -41,6 +47,13 @@ DialogView::DialogView(Form& form, QWidget* parent)
   views_.ShowFocus();
 }
 
+void DialogView::TakeRoom(QGridLayout& grid, int row, int column) {
+  grid.setRowStretch(row, 1);
+  grid.setColumnStretch(column, 1);
+  setSizeGripEnabled(true);
+  setWindowFlag(Qt::WindowMaximizeButtonHint);
+}
+
 void DialogView::AddRow(QGridLayout& grid, const std::vector<Control*>& controls, int columns) {
   const int row = grid.rowCount();
   if (std::all_of(controls.begin(), controls.end(), IsButton)) {
@@ -62,14 +75,51 @@ void DialogView::AddRow(QGridLayout& grid, const std::vector<Control*>& controls
     if (label != nullptr && span == 1) {
       label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);  // in line with the field beside it
     }
-    if (view != nullptr) grid.addWidget(view, row, column, 1, span);
+    const bool own = IsButton(control) || dynamic_cast<const Picture*>(control) != nullptr;  // has a size of its own
+    const Qt::Alignment alignment = own ? Qt::AlignLeft | Qt::AlignVCenter : Qt::Alignment();
+    if (view != nullptr) grid.addWidget(view, row, column, 1, span, alignment);
+    if (IsLarge(view)) TakeRoom(grid, row, column + span - 1);
     ++column;
   }
 }
 
 void DialogView::Follow() {
   setWindowTitle(ToQt(form_.Caption()));
+  ShowSize();
   if (!form_.Visible() && isVisible()) hide();
+}
+
+QSize DialogView::WantedSize() const {
+  return {ToPixels(*this, form_.Place().width), ToPixels(*this, form_.Place().height)};
+}
+
+void DialogView::ShowSize() {
+  const QSize wanted = WantedSize();
+  if (wanted.isEmpty() || wanted == size() || StateOf(windowState()) != WindowState::Normal) return;
+  resize(wanted.boundedTo(screen()->availableSize()));
+}
+
+void DialogView::TellSize() {
+  if (!isVisible() || size() == WantedSize()) return;
+  Rect place = form_.Place();
+  place.width = ToTwips(*this, width());
+  place.height = ToTwips(*this, height());
+  form_.UserPlace(place);
+}
+
+void DialogView::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  TellSize();
+}
+
+void DialogView::resizeEvent(QResizeEvent* event) {
+  QDialog::resizeEvent(event);
+  TellSize();
+}
+
+void DialogView::changeEvent(QEvent* event) {
+  QDialog::changeEvent(event);
+  if (event->type() == QEvent::WindowStateChange) form_.UserState(StateOf(windowState()));
 }
 
 void DialogView::reject() {

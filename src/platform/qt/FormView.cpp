@@ -30,12 +30,6 @@ QString Title(const std::string& caption) {
   return ToQt(caption).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
 }
 
-WindowState StateOf(Qt::WindowStates states) {
-  if (states.testFlag(Qt::WindowMinimized)) return WindowState::Minimised;
-  const bool large = states.testFlag(Qt::WindowMaximized) || states.testFlag(Qt::WindowFullScreen);
-  return large ? WindowState::Maximised : WindowState::Normal;
-}
-
 }  // namespace
 
 FormView::FormView(Form& form, QtWords& words) : form_(form), words_(words), content_(new QWidget(this)) {

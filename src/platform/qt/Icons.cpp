@@ -83,6 +83,11 @@ class PictureEngine : public QIconEngine {
 
 QIcon IconOf(const std::string& key) { return QIcon(new PictureEngine(QString::fromStdString(key))); }
 
+QSize PictureSize(const std::string& key) {
+  const QByteArray& source = SourceOf(QString::fromStdString(key));
+  return source.isEmpty() ? QSize() : QSvgRenderer(source).defaultSize();
+}
+
 void PaintPicture(QPainter& painter, const std::string& key, const QRectF& place, const QColor& lines) {
   Paint(painter, QString::fromStdString(key), place, lines);
 }

@@ -17,6 +17,14 @@ TextLabel::TextLabel(Label& label, QWidget* parent) : QLabel(parent) {
   Follow(label);
 }
 
+QSize TextLabel::sizeHint() const {
+  constexpr int kLongLine = 50;  // characters
+  const QSize whole = fontMetrics().size(0, text());
+  if (whole.width() > kLongLine * fontMetrics().averageCharWidth()) return QLabel::sizeHint();
+  const QMargins margins = contentsMargins();
+  return whole.grownBy(margins) + QSize(1, 0);
+}
+
 void TextLabel::Follow(const Label& label) {
   ShowCommon(*this, label);
   setText(ToQt(label.Caption()));

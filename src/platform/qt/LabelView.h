@@ -12,6 +12,9 @@ class TextLabel : public QLabel {
  public:
   TextLabel(Label& label, QWidget* parent);
 
+  /// A text that is not long is broken only where the room is short.
+  [[nodiscard]] QSize sizeHint() const override;
+
  private:
   void Follow(const Label& label);
 

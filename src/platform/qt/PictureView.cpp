@@ -19,6 +19,7 @@ PictureView::PictureView(Picture& picture, QWidget* parent) : QWidget(parent), p
   } else {
     setAttribute(Qt::WA_TransparentForMouseEvents, picture.ToolTip().empty());
   }
+  if (picture.Kind() == PictureKind::Image) setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   changed_ = picture.Changed.Connect([this] { Follow(); });
   Follow();
 }
@@ -32,7 +33,18 @@ void PictureView::Follow() {
   } else if (picture_.Kind() == PictureKind::Shadow) {
     raise();
   }
+  updateGeometry();
   update();
+}
+
+QSize PictureView::sizeHint() const {
+  if (picture_.Kind() != PictureKind::Image) return QWidget::sizeHint();
+  const Rect& place = picture_.Place();
+  if (place.width > 0 && place.height > 0) return ToPixels(*this, place).size();
+  constexpr float kTwipsPerPixel = kTwipsPerInch / 96;
+  const QSize drawn = PictureSize(picture_.Image());
+  return {ToPixels(*this, static_cast<float>(drawn.width()) * kTwipsPerPixel),
+          ToPixels(*this, static_cast<float>(drawn.height()) * kTwipsPerPixel)};
 }
 
 bool PictureView::Across() const { return picture_.Place().height > picture_.Place().width; }

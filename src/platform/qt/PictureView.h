@@ -15,6 +15,9 @@ class PictureView : public QWidget {
   /// Twips that an arrow key moves a splitter.
   static constexpr float kKeyStep = 150;
 
+  /// In a layout a picture is as large as its place, or as it was drawn when it has none.
+  [[nodiscard]] QSize sizeHint() const override;
+
  protected:
   bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;

@@ -1,15 +1,18 @@
 #include "platform/qt/QtDesktop.h"
 
+#include <QAbstractEventDispatcher>
 #include <QAbstractScrollArea>
 #include <QApplication>
 #include <QCursor>
-#include <QDeadlineTimer>
 #include <QDir>
+#include <QEvent>
 #include <QFileDialog>
 #include <QMainWindow>
 #include <QThread>
 #include <QTimer>
 #include <QWidget>
+#include <algorithm>
+#include <utility>
 
 #include "platform/RuntimeError.h"
 #include "platform/controls/Form.h"
@@ -26,6 +29,28 @@ namespace {
 class Silence : public QObject {
  public:
   bool eventFilter(QObject* /*watched*/, QEvent* /*event*/) override { return true; }
+};
+
+/// An action on its way to the thread of the windows.
+class PostedAction : public QEvent {
+ public:
+  explicit PostedAction(std::function<void()> action) : QEvent(User), action_(std::move(action)) {}
+
+  void Run() const { action_(); }
+
+ private:
+  std::function<void()> action_;
+};
+
+/// Runs the actions that are posted to it.
+class Posts : public QObject {
+ public:
+  bool event(QEvent* event) override {
+    const auto* const posted = dynamic_cast<const PostedAction*>(event);
+    if (posted == nullptr) return QObject::event(event);
+    posted->Run();
+    return true;
+  }
 };
 
 /// The usual pointer, while the user has something to click.
@@ -104,6 +129,9 @@ QString Choose(QFileDialog& dialog) {
 
 }  // namespace
 
+QtDesktop::QtDesktop(QtWords& words, std::function<std::string()> title)
+    : words_(words), title_(std::move(title)), posts_(std::make_unique<Posts>()) {}
+
 QtDesktop::~QtDesktop() = default;
 
 int QtDesktop::Show(QMessageBox::Icon icon, QMessageBox::StandardButtons buttons, std::string_view text) {
@@ -171,17 +199,20 @@ void QtDesktop::DoEvents() { QCoreApplication::processEvents(); }
 void QtDesktop::Sleep(int milliseconds) { QThread::msleep(static_cast<unsigned long>(std::max(milliseconds, 0))); }
 
 void QtDesktop::Post(std::function<void()> action) {
-  QMetaObject::invokeMethod(&posts_, std::move(action), Qt::QueuedConnection);
+  QCoreApplication::postEvent(posts_.get(), new PostedAction(std::move(action)));
 }
 
 bool QtDesktop::WaitUntil(const std::function<bool()>& done, int milliseconds) {
-  QDeadlineTimer deadline(milliseconds);
-  QTimer wake;  // else the wait for events would outlast the deadline
-  wake.setSingleShot(true);
-  wake.start(milliseconds);
-  while (!done() && !deadline.hasExpired() && !Ended()) {
+  // The timer is the deadline itself: one that rang before it would leave nothing to end the wait for events.
+  QTimer deadline;
+  deadline.setSingleShot(true);
+  deadline.setTimerType(Qt::PreciseTimer);
+  deadline.start(std::max(milliseconds, 0));
+  while (!done() && deadline.isActive() && !Ended()) {
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
   }
+  // What was held back would otherwise come with the next thing that the user does.
+  QAbstractEventDispatcher::instance()->wakeUp();
   return done();
 }
 

@@ -15,7 +15,7 @@ namespace tavrin {
 class QtDesktop : public Desktop {
  public:
   /// @param words outlives the desktop @param title of the boxes, asked for each one
-  QtDesktop(QtWords& words, std::function<std::string()> title) : words_(words), title_(std::move(title)) {}
+  QtDesktop(QtWords& words, std::function<std::string()> title);
   ~QtDesktop() override;
 
   void ShowBox(std::string_view text) override;
@@ -42,7 +42,7 @@ class QtDesktop : public Desktop {
   QtWords& words_;
   std::function<std::string()> title_;
   bool busy_ = false;
-  QObject posts_;                     // actions that are still posted when it goes never run
+  std::unique_ptr<QObject> posts_;    // actions that are still posted when it goes never run
   std::unique_ptr<QObject> silence_;  // takes all events once the program has ended
 };
 

@@ -21,6 +21,12 @@ QRect ToPixels(const QWidget& widget, const Rect& place) {
   return {topLeft, QSize(end.x() - topLeft.x(), end.y() - topLeft.y())};
 }
 
+WindowState StateOf(Qt::WindowStates states) {
+  if (states.testFlag(Qt::WindowMinimized)) return WindowState::Minimised;
+  const bool large = states.testFlag(Qt::WindowMaximized) || states.testFlag(Qt::WindowFullScreen);
+  return large ? WindowState::Maximised : WindowState::Normal;
+}
+
 void ShowCommon(QWidget& widget, const Control& control) {
   widget.setVisible(control.Visible());
   widget.setEnabled(control.Enabled());

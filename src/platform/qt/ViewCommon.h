@@ -3,7 +3,7 @@
 #include <QRect>
 #include <QWidget>
 
-#include "platform/controls/Control.h"
+#include "platform/controls/Form.h"
 
 namespace tavrin {
 
@@ -12,6 +12,9 @@ namespace tavrin {
 [[nodiscard]] float ToTwips(const QWidget& widget, double pixels);
 /// Each edge is rounded by itself, so that neighbours neither overlap nor leave a gap.
 [[nodiscard]] QRect ToPixels(const QWidget& widget, const Rect& place);
+
+/// The state of a window in the toolkit's words. A window that fills the whole screen counts as maximised.
+[[nodiscard]] WindowState StateOf(Qt::WindowStates states);
 
 /// Gives the widget what every control has: visible, enabled, tool tip, the name for screen readers.
 void ShowCommon(QWidget& widget, const Control& control);

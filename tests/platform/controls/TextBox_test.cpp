@@ -109,6 +109,18 @@ TEST_F(TextBoxTest, AHiddenOrDisabledFieldTakesNothing) {
   EXPECT_FALSE(box.Focused());
 }
 
+TEST_F(TextBoxTest, AnotherTextIsToldWhoeverHasChangedIt) {
+  std::vector<std::string> told;
+  box.OnChange = [&] { told.push_back(box.Text()); };
+  box.UserType("a");
+  box.UserText("ab");
+  box.Text("abc");
+  box.Text("abc");
+  box.UserText("abc");
+  box.UserText("abc\n");
+  EXPECT_THAT(told, ElementsAre("a", "ab", "abc"));
+}
+
 class RadioButtonTest : public testing::Test {
  protected:
   RadioButtonTest() {

@@ -149,6 +149,49 @@ TEST_F(HeadlessDesktopTest, RecordsPointersRoundsOfEventsAndTheEnd) {
   EXPECT_TRUE(desktop.Ended());
 }
 
+TEST_F(HeadlessDesktopTest, PostedActionsRunInTheNextRoundOfEventsInTheirOrder) {
+  std::vector<int> ran;
+  for (const int number : {1, 2, 3}) {
+    desktop.Post([&ran, number] { ran.push_back(number); });
+  }
+  EXPECT_THAT(ran, IsEmpty());
+  desktop.DoEvents();
+  EXPECT_THAT(ran, ElementsAre(1, 2, 3));
+}
+
+TEST_F(HeadlessDesktopTest, AWaitRunsWhatIsPostedAndTellsWhetherItCameTrue) {
+  bool done = false;
+  desktop.Post([&] { done = true; });
+  EXPECT_TRUE(desktop.WaitUntil([&] { return done; }, 0));
+  EXPECT_FALSE(desktop.WaitUntil([] { return false; }, 1));
+}
+
+TEST_F(HeadlessDesktopTest, NothingPostedRunsAfterTheEndOfTheProgram) {
+  int ran = 0;
+  desktop.Post([&] { ++ran; });
+  desktop.EndProcess();
+  desktop.Post([&] { ++ran; });
+  desktop.DoEvents();
+  EXPECT_FALSE(desktop.WaitUntil([] { return false; }, 60'000)) << "nobody can wake it: it must not wait";
+  EXPECT_EQ(ran, 0);
+}
+
+TEST_F(HeadlessDesktopTest, AProgramThatIsStartedAgainHasADesktopAgain) {
+  int ran = 0;
+  desktop.Post([&] { ran += 100; });
+  desktop.EndProcess();
+  desktop.Restart();
+  EXPECT_FALSE(desktop.Ended());
+  desktop.Post([&] { ++ran; });
+  desktop.DoEvents();
+  EXPECT_EQ(ran, 1);
+}
+
+TEST_F(HeadlessDesktopTest, StandingStillIsRecordedAndTakesNoTime) {
+  desktop.Sleep(3'600'000);
+  EXPECT_THAT(desktop.Sleeps(), ElementsAre(3'600'000));
+}
+
 TEST(MemorySettingsTest, KeepsSettingsWithoutRegardToUpperAndLowerCase) {
   MemorySettings settings;
   EXPECT_EQ(settings.GetSetting("App", "Section", "Key", "fallback"), "fallback");
