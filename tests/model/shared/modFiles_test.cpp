@@ -8,6 +8,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "support/DirectoryWatch.h"
 #include "support/ProjectTest.h"
 
 namespace tavrin {
@@ -100,6 +101,22 @@ TEST_F(modFilesTest, ListFilesLeavesAFileOutThatCannotBeLookedAt) {
   directory.Write("a.ini", "");
   std::filesystem::create_symlink("nowhere", directory.Path() + "broken.ini");
   EXPECT_THAT(ListFiles(directory.Path(), "*.*"), ElementsAre("", directory.Path() + "a.ini"));
+}
+
+TEST_F(modFilesTest, ListFilesReadsTheDirectoryOnceWhateverLiesInIt) {
+  directory.Write("a.ini", "");
+  for (int i = 0; i < 50; ++i) {
+    std::filesystem::create_symlink("nowhere", directory.Path() + "broken" + std::to_string(i));
+  }
+  const DirectoryWatch watch(directory.Path());
+  EXPECT_THAT(ListFiles(directory.Path(), "*.*"), ElementsAre("", directory.Path() + "a.ini"));
+  EXPECT_EQ(watch.Opened(), 1);
+}
+
+TEST_F(modFilesTest, ListFilesTakesALinkToNothingForNoFileOfAnotherCase) {
+  directory.Write("A.INI", "");
+  std::filesystem::create_symlink("nowhere", directory.Path() + "a.ini");
+  EXPECT_THAT(ListFiles(directory.Path(), "*.*"), ElementsAre("", directory.Path() + "A.INI"));
 }
 
 TEST_F(modFilesTest, AnErrorInListFilesIsToldAndGivesTheEmptyElement) {
