@@ -4,7 +4,8 @@ namespace tavrin {
 
 class frmOPC;
 
-/// The menu Extras: the warning lists, the tools around the project and the options.
+/// The menu Extras: the warning lists, the programs that administer the machine, the tools around the project and the
+/// options. Its entries for languages, font size and log files only open their menus.
 class Extras {
  public:
   explicit Extras(frmOPC& form);
@@ -12,7 +13,10 @@ class Extras {
   void mnuExtras_Click(int index);
 
  private:
+  void ShowWarnings(int index);
+  static void Administrate(int index);
   static void Reconfigure();
+  static void CleanUp();
 
   frmOPC& form_;
 };

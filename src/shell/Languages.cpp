@@ -87,7 +87,7 @@ void Languages::ShowEntry(int index, std::string_view caption, std::string_view 
   entry.Checked(false);
   entry.Visible(true);
   entry.OnClick = [this, index] { mnuLanguage_Click(index); };
-  if (!known) form_.mnuExtras(3).Add(entry);
+  if (!known) form_.mnuExtras(kExtrasLanguages).Add(entry);
 }
 
 void Languages::Activate(std::int32_t nLanguage) {

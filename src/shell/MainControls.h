@@ -46,6 +46,34 @@ struct MainControls : LeftPane, RightPane {
 
 /// Numbers of the tool buttons.
 enum ToolNumber : int { kToolNew = 2, kToolOpen = 3, kToolSave = 4, kToolDelete = 6, kToolReconfigure = 8 };
+/// Numbers of the entries of mnuEdit.
+enum EditEntry : int {
+  kEditAddNetwork = 1,
+  kEditDeleteNetwork = 2,
+  kEditAddDevice = 3,
+  kEditDeleteDevice = 4,
+  kEditRename = 5,
+  kEditTest = 6,
+};
+/// Numbers of the entries of mnuExtras.
+enum ExtrasEntry : int {
+  kExtrasReadWarnings = 1,
+  kExtrasWriteWarnings = 2,
+  kExtrasLanguages = 3,
+  kExtrasFontSize = 4,
+  kExtrasOpcSettings = 5,
+  kExtrasLogs = 6,
+  kExtrasUsers = 7,
+  kExtrasServices = 8,
+  kExtrasEventLog = 9,
+  kExtrasReconfigure = 10,
+  kExtrasCleanUp = 11,
+  kExtrasOptions = 12,
+};
+/// Numbers of the entries of mnuLog.
+enum LogEntry : int { kLog1 = 1, kLog2 = 2 };
+/// Numbers of the entries of mnuHelp.
+enum HelpEntry : int { kHelpManual = 1, kHelpAbout = 2, kHelpSystem = 3, kHelpVersions = 4 };
 /// What the delete button deletes: its tag.
 enum DeleteTarget : int { kDeleteTags = 0, kDeleteNetwork = 1, kDeleteDevice = 2 };
 

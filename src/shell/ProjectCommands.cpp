@@ -20,10 +20,6 @@ namespace {
 constexpr std::string_view kRootFile = "ZOPCSRV.ini";
 constexpr std::string_view kSampleFolder = "INI";
 
-constexpr int kEditDeleteNetwork = 2;
-constexpr int kEditDeleteDevice = 4;
-constexpr int kReconfigure = 10;
-
 /// Numbers of the entries of mnuFile.
 enum FileEntry : int { kNew = 1, kOpen = 2, kSave = 3, kSaveAs = 4, kFirstRecent = 11, kLastRecent = 14, kEnd = 21 };
 
@@ -36,7 +32,7 @@ struct ProjectEntries {
 
 constexpr std::array kProjectEntries{
     ProjectEntries{1, &MainControls::mnuFile, {kSave, kSaveAs}},
-    ProjectEntries{3, &MainControls::mnuExtras, {1, 2}},
+    ProjectEntries{3, &MainControls::mnuExtras, {kExtrasReadWarnings, kExtrasWriteWarnings}},
 };
 
 /// Offers a list of warnings to the user, unless it is empty.
@@ -93,7 +89,7 @@ void ProjectCommands::Toolbar1_ButtonClick(int index) try {
   if (index == kToolOpen) mnuFile_Click(kOpen);
   if (index == kToolSave) mnuFile_Click(kSave);
   if (index == kToolDelete) Delete();
-  if (index == kToolReconfigure) form_.extras.mnuExtras_Click(kReconfigure);
+  if (index == kToolReconfigure) form_.extras.mnuExtras_Click(kExtrasReconfigure);
 } catch (...) {
   modMain::Trap("frmOPC.Toolbar1_ButtonClick : ");
 }

@@ -19,10 +19,6 @@ namespace tavrin {
 namespace {
 
 constexpr int kEditMenu = 2;
-constexpr int kEditDeleteNetwork = 2;
-constexpr int kEditDeleteDevice = 4;
-constexpr int kEditRename = 5;
-constexpr int kEditTest = 6;
 
 // A node has the position of its sheet as its tag.
 constexpr int kFirstNetworkTag = RightPane::kFirstNetworkSheet;

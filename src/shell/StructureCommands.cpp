@@ -117,6 +117,7 @@ void StructureCommands::DeleteDevice() {
 
 void StructureCommands::Test() {
   frmTest window;
+  window.Form_Load();
   modMain::Platform().desktop.ShowModal(window);
 }
 

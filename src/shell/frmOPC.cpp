@@ -24,7 +24,6 @@ constexpr float kMinimumHeight = 6000;
 constexpr float kFrameTop = 330;
 constexpr float kLogoMargin = 180;
 constexpr int kEventRounds = 6;
-constexpr int kReconfigureEntry = 10;
 
 /// A library without which the program is of no use, and what is told when it fails. German in every language: no words
 /// can be looked up yet.
@@ -137,7 +136,7 @@ void frmOPC::HideProject() {
 void frmOPC::OfferReconfiguration() {
   if (modMain::globals.gbTest) return;  // a test run needs no server on this machine
   const bool installed = OPCServerInstalled();
-  mnuExtras(kReconfigureEntry).Enabled(installed);
+  mnuExtras(kExtrasReconfigure).Enabled(installed);
   Toolbar1.Buttons(kToolReconfigure).Enabled(installed);
 }
 

@@ -8,8 +8,11 @@
 #include "editing/SheetEditing.h"
 #include "platform/controls/Form.h"
 #include "shell/Extras.h"
+#include "shell/Help.h"
 #include "shell/Languages.h"
+#include "shell/LogFiles.h"
 #include "shell/MainControls.h"
+#include "shell/OnlineCommands.h"
 #include "shell/ProjectCommands.h"
 #include "shell/ProjectTree.h"
 #include "shell/RecentProjects.h"
@@ -66,6 +69,9 @@ class frmOPC : public Form, public MainControls {
   TagGrid tags{*this};
   WarningsGrid warnings{*this};
   Extras extras{*this};
+  OnlineCommands online{*this};
+  LogFiles logs{*this};
+  Help help{*this};
   StructureCommands structure{*this};
   /// In the order of Sheets().
   std::vector<std::unique_ptr<SheetEditing>> sheets;

@@ -1,16 +1,24 @@
 // The desktop on a screen: boxes, questions, dialogs, the pointer and the end of the program.
 #include <QAbstractButton>
 #include <QApplication>
+#include <QCursor>
 #include <QDialogButtonBox>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QThread>
 #include <QTimer>
+#include <QWidget>
+#include <atomic>
 #include <functional>
+#include <string>
+#include <thread>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -160,6 +168,153 @@ TEST_F(DesktopOnScreen, ADirectoryIsChosenOrNot) {
   const QTemporaryDir directory;
   Act<QFileDialog>([&](QFileDialog& dialog) { EnterName(dialog, directory.path()); });
   EXPECT_EQ(desktop.AskFolder("Choose"), directory.path().toStdString());
+}
+
+TEST_F(DesktopOnScreen, APostedActionRunsOnTheWindowsThreadInTheOrderOfTheCalls) {
+  std::vector<int> ran;
+  const QThread* where = nullptr;
+  std::thread other([&] {
+    for (const int number : {1, 2, 3}) {
+      desktop.Post([&, number] {
+        ran.push_back(number);
+        where = QThread::currentThread();
+      });
+    }
+  });
+  other.join();
+  EXPECT_TRUE(ran.empty()) << "not before the events come";
+  desktop.DoEvents();
+  EXPECT_EQ(ran, (std::vector{1, 2, 3}));
+  EXPECT_EQ(where, QThread::currentThread());
+}
+
+TEST_F(DesktopOnScreen, APostedActionRunsWhileABoxIsOpen) {
+  bool ran = false;
+  desktop.Post([&] {
+    ran = true;
+    QApplication::activeModalWidget()->close();
+  });
+  desktop.ShowBox("Wait");
+  EXPECT_TRUE(ran);
+}
+
+TEST_F(DesktopOnScreen, WhatIsPostedToADesktopThatHasGoneNeverRuns) {
+  bool ran = false;
+  {
+    QtDesktop gone(words, [] { return std::string(); });
+    gone.Post([&] { ran = true; });
+  }
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(ran);
+}
+
+TEST_F(DesktopOnScreen, AWaitIsWokenByAPostOfAnotherThread) {
+  std::atomic<bool> done = false;
+  std::thread other([&] {
+    QThread::msleep(20);
+    desktop.Post([&] { done = true; });
+  });
+  EXPECT_TRUE(desktop.WaitUntil([&] { return done.load(); }, 60'000));
+  other.join();
+}
+
+TEST_F(DesktopOnScreen, AWaitEndsOnTimeAndTellsWhatIsTrueThen) {
+  QElapsedTimer clock;
+  for (const int milliseconds : {1, 20, 30, 50, 70}) {
+    clock.start();
+    EXPECT_FALSE(desktop.WaitUntil([] { return false; }, milliseconds));
+    EXPECT_GE(clock.elapsed(), milliseconds - 1);
+    EXPECT_LT(clock.elapsed(), 10'000);
+  }
+  clock.start();
+  EXPECT_FALSE(desktop.WaitUntil([] { return false; }, 0));
+  EXPECT_FALSE(desktop.WaitUntil([] { return false; }, -1)) << "a time that has gone by is no time";
+  EXPECT_LT(clock.elapsed(), 10'000);
+}
+
+TEST_F(DesktopOnScreen, AWaitForWhatIsTrueAlreadyRunsNothing) {
+  bool ran = false;
+  desktop.Post([&] { ran = true; });
+  EXPECT_TRUE(desktop.WaitUntil([] { return true; }, 60'000));
+  EXPECT_FALSE(ran);
+  desktop.DoEvents();
+  EXPECT_TRUE(ran);
+}
+
+TEST_F(DesktopOnScreen, AWaitWithinAWaitEndsFirst) {
+  bool outer = false;
+  bool inner = false;
+  std::vector<std::string> order;
+  desktop.Post([&] {
+    desktop.Post([&] { outer = true; });
+    desktop.Post([&] { inner = true; });
+    EXPECT_TRUE(desktop.WaitUntil([&] { return inner; }, 60'000));
+    order.emplace_back("inner");
+  });
+  EXPECT_TRUE(desktop.WaitUntil([&] { return outer; }, 60'000));
+  order.emplace_back("outer");
+  EXPECT_EQ(order, (std::vector<std::string>{"inner", "outer"}));
+}
+
+TEST_F(DesktopOnScreen, WindowsArePaintedDuringAWait) {
+  struct Painted : QWidget {
+    void paintEvent(QPaintEvent*) override { ++times; }
+    int times = 0;
+  } window;
+  window.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+  const int before = window.times;
+  desktop.Post([&] { window.update(); });
+  EXPECT_TRUE(desktop.WaitUntil([&] { return window.times > before; }, 60'000));
+}
+
+TEST_F(DesktopOnScreen, WhatTheUserDoesDuringAWaitComesBehindIt) {
+  struct Pointed : QWidget {
+    Pointed() { setMouseTracking(true); }
+    void mouseMoveEvent(QMouseEvent*) override { ++moves; }
+    int moves = 0;
+  } window;
+  window.setGeometry(100, 100, 200, 200);
+  window.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+  QCursor::setPos(window.mapToGlobal(QPoint(20, 20)));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return window.moves > 0; }));
+  const int before = window.moves;
+  bool moved = false;
+  desktop.Post([&] {
+    QCursor::setPos(window.mapToGlobal(QPoint(50, 50)));  // comes the way of all that the user does
+    moved = true;
+  });
+  EXPECT_FALSE(desktop.WaitUntil([&] { return window.moves > before; }, 100));
+  EXPECT_TRUE(moved);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return window.moves > before; })) << "it is not lost";
+}
+
+TEST_F(DesktopOnScreen, StandingStillRunsNothing) {
+  bool ran = false;
+  desktop.Post([&] { ran = true; });
+  QElapsedTimer clock;
+  clock.start();
+  desktop.Sleep(30);
+  EXPECT_GE(clock.elapsed(), 29);
+  desktop.Sleep(-1);
+  EXPECT_FALSE(ran);
+}
+
+TEST_F(DesktopOnScreen, TheEndOfTheProgramEndsAWaitAndNothingPostedRunsAfterIt) {
+  bool before = false;
+  bool after = false;
+  desktop.Post([&] {
+    before = true;
+    desktop.EndProcess();
+  });
+  desktop.Post([&] { after = true; });
+  QTimer::singleShot(0, [&] { EXPECT_FALSE(desktop.WaitUntil([] { return false; }, 60'000)); });
+  QApplication::exec();
+  std::thread([&] { desktop.Post([&] { after = true; }); }).join();
+  desktop.DoEvents();
+  EXPECT_TRUE(before);
+  EXPECT_FALSE(after);
 }
 
 TEST(FileFilter, HasTheFormOfTheToolkit) {

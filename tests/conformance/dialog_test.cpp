@@ -1,15 +1,24 @@
 // Dialogs by their gestures and by keys and clicks, as modal windows of the desktop.
 #include <QApplication>
+#include <QLayout>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
+#include <cstdlib>
 #include <functional>
+#include <initializer_list>
 
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "platform/controls/Button.h"
+#include "platform/controls/Grid.h"
 #include "platform/controls/Label.h"
+#include "platform/controls/ListBox.h"
+#include "platform/controls/ListView.h"
+#include "platform/controls/Picture.h"
+#include "platform/controls/TextBox.h"
 #include "platform/qt/DialogView.h"
 #include "platform/qt/QtDesktop.h"
 
@@ -17,6 +26,7 @@ namespace tavrin {
 namespace {
 
 using testing::ElementsAre;
+using testing::IsEmpty;
 
 /// A dialog with a text, two boxes and two buttons, each of which closes it.
 struct DialogRig {
@@ -160,6 +170,235 @@ TEST(Dialog, LongWordsMakeItLargerAndAreNeverClipped) {
 
 TEST(Dialog, ItsTitleIsTheCaption) {
   Shown([](DialogView& view, DialogRig&) { EXPECT_EQ(view.windowTitle(), QStringLiteral("Options")); });
+}
+
+// ---- windows with a large control
+
+/// A window with a grid, a list of lines, a list with boxes and its legend, a field and buttons of which none is the
+/// default one.
+struct LargeRig {
+  LargeRig() {
+    form.Caption("Report");
+    form.Place({0, 0, 7500, 6000});
+    grid.Shape(3, 2, 1, 0);
+    grid.Editable(true);
+    picture.Image("NOK");
+    legend.Caption("Datei geh\xF6rt nicht zum aktuellen Projekt");
+    save.Caption("Save");
+    close.Caption("Close");
+    close.Role(ButtonRole::Cancel);
+    save.OnClick = [this] { events.emplace_back("save"); };
+    close.OnClick = [this] { form.UserClose(); };
+    form.OnResize = [this] { events.emplace_back("resize"); };
+    form.OnUnload = [this](bool&) { events.emplace_back("unload"); };
+    form.Arrangement({{&name, &field}, {&grid}, {&picture, &legend}, {&save, &close}});
+    name.Caption("Name");
+  }
+
+  std::vector<std::string> events;
+  Form form{"frmLarge"};
+  Label name{form, "lblName"};
+  TextBox field{form, "txtName"};
+  Grid grid{form, "vsgTest"};
+  Picture picture{form, "Picture1", PictureKind::Image};
+  Label legend{form, "Label1"};
+  Button save{form, "cmdAction", 0};
+  Button close{form, "cmdAction", 1};
+};
+
+void ShowLarge(LargeRig& rig, const std::function<void(DialogView& view)>& act) {
+  QtWords words([] { return std::string("en"); });
+  QtDesktop desktop(words, [] { return std::string("Title"); });
+  QTimer::singleShot(0, [&] {
+    auto* const view = dynamic_cast<DialogView*>(QApplication::activeModalWidget());
+    ASSERT_NE(view, nullptr);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(view));
+    act(*view);
+    rig.form.Hide();
+  });
+  desktop.ShowModal(rig.form);
+}
+
+TEST(LargeDialog, BeginsWithTheSizeOfItsPlace) {
+  LargeRig rig;
+  ShowLarge(rig, [&](const DialogView& view) { EXPECT_EQ(view.size(), QSize(500, 400)); });
+  EXPECT_EQ(rig.form.Place(), (Rect{0, 0, 7500, 6000}));
+}
+
+TEST(LargeDialog, IsNeverSmallerThanWhatIsInIt) {
+  LargeRig rig;
+  rig.form.Place({0, 0, 15, 15});
+  ShowLarge(rig, [&](const DialogView& view) {
+    EXPECT_GE(view.width(), view.layout()->minimumSize().width());
+    EXPECT_GE(view.height(), view.layout()->minimumSize().height());
+    EXPECT_EQ(rig.form.Place().width, static_cast<float>(view.width()) * 15) << "the window knows its real size";
+  });
+}
+
+TEST(LargeDialog, IsNotLargerThanTheScreen) {
+  LargeRig rig;
+  rig.form.Place({0, 0, 150'000, 150'000});
+  ShowLarge(rig, [&](const DialogView& view) {
+    const QSize screen = view.screen()->availableSize();
+    EXPECT_LE(view.width(), screen.width());
+    EXPECT_LE(view.height(), screen.height());
+  });
+}
+
+TEST(LargeDialog, WithoutAPlaceIsAsLargeAsItNeedsToBe) {
+  LargeRig rig;
+  rig.form.Place({});
+  ShowLarge(rig, [&](const DialogView& view) {
+    EXPECT_GE(view.height(), view.layout()->minimumSize().height());
+    EXPECT_LT(view.width(), view.screen()->availableSize().width());
+  });
+}
+
+TEST(LargeDialog, TheRoomThatIsLeftGoesToTheLargeControl) {
+  LargeRig rig;
+  ShowLarge(rig, [&](DialogView& view) {
+    const auto heightOf = [&](const Control& control) { return view.Views().WidgetOf(control)->height(); };
+    const int grid = heightOf(rig.grid);
+    const int field = heightOf(rig.field);
+    const int legend = heightOf(rig.legend);
+    view.resize(view.width() + 100, view.height() + 200);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(heightOf(rig.grid), grid + 200);
+    EXPECT_EQ(heightOf(rig.field), field);
+    EXPECT_EQ(heightOf(rig.legend), legend);
+    EXPECT_EQ(view.Views().WidgetOf(rig.grid)->width(), view.width() - 2 * view.layout()->contentsMargins().left());
+  });
+}
+
+TEST(LargeDialog, TheUserSizesItAndTheWindowIsTold) {
+  LargeRig rig;
+  ShowLarge(rig, [&](DialogView& view) {
+    rig.events.clear();
+    view.resize(600, 480);
+    QCoreApplication::processEvents();
+    EXPECT_THAT(rig.events, ElementsAre("resize"));
+    EXPECT_EQ(rig.form.Place(), (Rect{0, 0, 9000, 7200}));
+    rig.form.Place({0, 0, 8250, 6300});
+    EXPECT_EQ(view.size(), QSize(550, 420)) << "the program sizes it";
+  });
+}
+
+TEST(LargeDialog, ASizeThatIsNoWholeNumberOfPixelsStaysAsItIs) {
+  LargeRig rig;
+  rig.form.Place({0, 0, 7507, 6004});
+  ShowLarge(rig, [](const DialogView&) {});
+  EXPECT_EQ(rig.form.Place(), (Rect{0, 0, 7507, 6004}));
+}
+
+TEST(LargeDialog, CanBeMaximised) {
+  LargeRig rig;
+  ShowLarge(rig, [&](DialogView& view) {
+    EXPECT_TRUE(view.windowFlags().testFlag(Qt::WindowMaximizeButtonHint));
+    view.showMaximized();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return rig.form.State() == WindowState::Maximised; }));
+  });
+  Shown([](DialogView& view, DialogRig&) {
+    EXPECT_FALSE(view.windowFlags().testFlag(Qt::WindowMaximizeButtonHint)) << "there would be nothing to see more of";
+  });
+}
+
+TEST(LargeDialog, EnterPressesNoButtonThatWasNotChosen) {
+  LargeRig rig;
+  ShowLarge(rig, [&](DialogView& view) {
+    rig.field.SetFocus();
+    rig.events.clear();
+    QTest::keyClick(view.focusWidget(), Qt::Key_Return);
+    EXPECT_THAT(rig.events, IsEmpty());
+    EXPECT_TRUE(rig.form.Visible());
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+      rig.save.SetFocus();
+      QTest::keyClick(view.focusWidget(), key);
+    }
+    EXPECT_THAT(rig.events, ElementsAre("save", "save", "save"));
+  });
+}
+
+TEST(LargeDialog, EscapeClosesItFromWithinTheLargeControl) {
+  LargeRig rig;
+  ShowLarge(rig, [&](DialogView& view) {
+    rig.grid.SetFocus();
+    rig.events.clear();
+    QTest::keyClick(view.focusWidget(), Qt::Key_Escape);
+    EXPECT_FALSE(rig.form.Visible());
+    EXPECT_THAT(rig.events, ElementsAre("unload"));
+  });
+}
+
+TEST(LargeDialog, AGridInItIsEditedAndClosingEndsTheEdit) {
+  LargeRig rig;
+  ShowLarge(rig, [&](DialogView& view) {
+    rig.grid.SetFocus();
+    rig.grid.UserSelect({1, 0});
+    QTest::keyClick(view.focusWidget(), Qt::Key_F2);
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("x"));
+    ASSERT_NE(rig.grid.OpenEdit(), nullptr);
+    view.close();
+    EXPECT_EQ(rig.grid.Text({1, 0}), "x");
+    EXPECT_FALSE(view.isVisible());
+  });
+}
+
+TEST(LargeDialog, APictureStandsBesideItsLegendInItsOwnSize) {
+  LargeRig rig;
+  ShowLarge(rig, [&](DialogView& view) {
+    const QWidget& picture = *view.Views().WidgetOf(rig.picture);
+    const QWidget& legend = *view.Views().WidgetOf(rig.legend);
+    EXPECT_EQ(picture.size(), QSize(16, 16));
+    EXPECT_LT(picture.geometry().right(), legend.geometry().left());
+    EXPECT_LE(std::abs(picture.geometry().center().y() - legend.geometry().center().y()), 2);
+    rig.picture.Place({0, 0, 480, 360});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(picture.size(), QSize(32, 24));
+  });
+}
+
+TEST(LargeDialog, AShortLabelIsNotBrokenWhileThereIsRoom) {
+  LargeRig rig;
+  rig.name.Caption("Anzahl Testdurchl\xE4ufe in diesem Lauf");
+  ShowLarge(rig, [&](DialogView& view) {
+    const QWidget& label = *view.Views().WidgetOf(rig.name);
+    EXPECT_GE(label.width(),
+              label.fontMetrics().horizontalAdvance(QStringLiteral("Anzahl Testdurchläufe in diesem Lauf")));
+  });
+}
+
+TEST(LargeDialog, AButtonBesideAFieldKeepsItsSize) {
+  Form form("frmLarge");
+  TextBox field(form, "txtName");
+  Button start(form, "cmdStart");
+  ListBox lines(form, "List1");
+  form.Arrangement({{&field, &start}, {&lines}});
+  form.Place({0, 0, 15'000, 6000});
+  DialogView view(form, nullptr);
+  form.Show();
+  view.show();
+  const QWidget& button = *view.Views().WidgetOf(start);
+  EXPECT_EQ(button.width(), button.sizeHint().width());
+}
+
+TEST(LargeDialog, LinesAndRowsWithBoxesTakeTheRoomTheSame) {
+  Form form("frmLarge");
+  ListView rows(form, "ListView1");
+  ListBox lines(form, "List1");
+  Button close(form, "cmdAction");
+  for (Control* const large : std::initializer_list<Control*>{&rows, &lines}) {
+    form.Arrangement({{large}, {&close}});
+    form.Place({0, 0, 6000, 6000});
+    DialogView view(form, nullptr);
+    form.Show();
+    view.show();
+    const int height = view.Views().WidgetOf(*large)->height();
+    EXPECT_GT(height, 300);
+    view.resize(400, 500);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(view.Views().WidgetOf(*large)->height(), height + 100) << large->Name();
+    form.Hide();
+  }
 }
 
 }  // namespace

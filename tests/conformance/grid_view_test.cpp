@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "conformance/GridShown.h"
+#include "platform/qt/Text.h"
 #include "platform/qt/ViewCommon.h"
 
 namespace tavrin {
@@ -228,6 +229,47 @@ TEST(GridOfAMillionRows, IsShownAndSelectedAsAWhole) {
   shown.Press(Qt::Key_Down);
   shown.Press(Qt::Key_End, Qt::ControlModifier | Qt::ShiftModifier);
   EXPECT_EQ(shown.grid.SelectionEnd().row, 1'000'000);
+}
+
+// ---- a grid that is only read
+
+struct ReadOnlyGrid {
+  ReadOnlyGrid() {
+    grid.Shape(2, 3, 1, 0);
+    for (int col = 0; col < 2; ++col) grid.ColWidth(col, 600);
+    grid.Text({1, 0}, "20.11.2026 10:30:00");
+    view.setFixedWidth(500);
+    view.show();
+  }
+  [[nodiscard]] int TextWidth(int col) const { return view.fontMetrics().horizontalAdvance(ToQt(grid.Text({1, col}))); }
+
+  Form form{"frmTest"};
+  Grid grid{form, "vsgTest"};
+  GridView view{grid};
+};
+
+TEST(GridThatIsRead, AColumnTakesTheRoomThatItsTextNeedsFromTheLastOne) {
+  ReadOnlyGrid shown;
+  EXPECT_GT(shown.view.columnWidth(0), shown.TextWidth(0));
+  EXPECT_EQ(shown.view.columnWidth(1), 40) << "an empty one needs none";
+  EXPECT_EQ(shown.view.columnWidth(0) + shown.view.columnWidth(1) + shown.view.columnWidth(2),
+            shown.view.viewport()->width());
+}
+
+TEST(GridThatIsRead, TheLastColumnKeepsTheRoomThatItsOwnTextNeeds) {
+  ReadOnlyGrid shown;
+  shown.grid.Text({1, 2}, std::string(200, 'w'));
+  shown.view.setFixedWidth(501);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(shown.view.columnWidth(0), 60) << "half as wide again, however little room there is";
+}
+
+TEST(GridThatIsRead, OneThatIsEditedKeepsTheWidthsOfItsProgram) {
+  ReadOnlyGrid shown;
+  shown.grid.Editable(true);
+  shown.view.setFixedWidth(501);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(shown.view.columnWidth(0), 40);
 }
 
 }  // namespace
