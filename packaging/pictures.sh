@@ -20,3 +20,7 @@ draw device-dark --node "$device" --dark
 draw network --node '#1#3'
 project=samples/faulty/ZOPCSRV.ini
 draw warnings --warnings 2>/dev/null
+for scene in online reconfig settle test; do
+  "$programs/tavrin-picture" --manual "$pictures" --scene "$scene"
+  echo "$pictures/$scene.png"
+done

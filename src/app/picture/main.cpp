@@ -1,15 +1,19 @@
-// Draws the main window without a screen into a picture, for the documentation and for machines without a display.
+// Draws the windows without a screen into pictures, for the documentation and for machines without a display.
 #include <QApplication>
 #include <QPalette>
 #include <QPixmap>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 
 #include <CLI/CLI.hpp>
 
 #include "app/Machine.h"
 #include "app/editor/Application.h"
+#include "app/picture/Scenes.h"
+#include "app/picture/Studio.h"
 #include "brand/Brand.h"
 #include "platform/CodePage.h"
 #include "platform/RuntimeError.h"
@@ -34,6 +38,8 @@ struct Request {
   std::string tree = "3200";
   std::string tags = "5000";
   std::string scale = "1";
+  std::string manual;  // folder for the pictures of the manual
+  std::string scene;
   bool dark = false;
   bool warnings = false;
   bool test = false;
@@ -41,7 +47,7 @@ struct Request {
 
 Request ReadCommandLine(CLI::App& app, int argc, char** argv) {
   Request request;
-  app.add_option("PICTURE", request.picture, "the picture to write, e.g. tavrin.png")->required();
+  app.add_option("PICTURE", request.picture, "the picture to write, e.g. tavrin.png");
   app.add_option("--project", request.project, "root file of a project to open");
   app.add_option("--language", request.language, "language of the window")->check(CLI::IsMember({"de", "en"}));
   app.add_option("--font", request.font, "size of the font in points")->check(CLI::IsMember({"8", "12"}));
@@ -54,7 +60,10 @@ Request ReadCommandLine(CLI::App& app, int argc, char** argv) {
   app.add_flag("--dark", request.dark, "dark colours");
   app.add_flag("--warnings", request.warnings, "show the warnings that the project has");
   app.add_flag("--test", request.test, "show the window as with the word -TEST");
+  app.add_option("--manual", request.manual, "folder to draw all pictures of the manual into")->excludes("PICTURE");
+  app.add_option("--scene", request.scene, "the one picture of the manual to draw")->needs("--manual");
   app.parse(argc, argv);
+  if (request.picture.empty() && request.manual.empty()) throw CLI::RequiredError("PICTURE");
   return request;
 }
 
@@ -130,11 +139,30 @@ int Draw(const Request& request) {
   return 1;
 }
 
+int DrawScenes(const Request& request) {
+  const auto folder = std::filesystem::absolute(request.manual);
+  std::filesystem::create_directories(folder);
+  const tavrin::StudioFiles files;
+  int status = 0;
+  for (const tavrin::Scene& scene : tavrin::Scenes()) {
+    if (!request.scene.empty() && request.scene != scene.name) continue;
+    const std::string name(scene.name);
+    tavrin::Studio studio(files, request.language, (folder / (name + ".png")).string(), std::string(scene.words));
+    scene.act(studio);
+    if (studio.Done()) continue;
+    std::fprintf(stderr, "tavrin-picture: nothing was drawn for %s\n", name.c_str());
+    for (const std::string& box : studio.Desktop().TakeBoxes())
+      std::fprintf(stderr, "  %s\n", tavrin::ToUtf8(box).c_str());
+    status = 1;
+  }
+  return status;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   tavrin::PrepareProcess();
-  CLI::App app("Draws the main window of Tavrin into a picture.", "tavrin-picture");
+  CLI::App app("Draws the windows of Tavrin into pictures.", "tavrin-picture");
   Request request;
   try {
     request = ReadCommandLine(app, argc, argv);
@@ -147,8 +175,8 @@ int main(int argc, char** argv) {
   try {
     tavrin::Application application(argc, argv);
     if (request.dark) UseDarkColours();
-    return Draw(request);
-  } catch (const tavrin::RuntimeError& error) {
+    return request.manual.empty() ? Draw(request) : DrawScenes(request);
+  } catch (const std::exception& error) {
     std::fprintf(stderr, "tavrin-picture: %s\n", error.what());
     return 1;
   }
