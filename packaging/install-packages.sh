@@ -6,7 +6,7 @@
 {
   BUILD_PACKAGES=(g++:g++ cmake:cmake ninja-build:ninja ccache:ccache libfmt-dev libcli11-dev rapidjson-dev
                   qt6-base-dev qt6-svg-dev qt6-translations-l10n fonts-dejavu-core)
-  TEST_PACKAGES=(libgtest-dev libgmock-dev nlohmann-json3-dev)
+  TEST_PACKAGES=(libgtest-dev libgmock-dev nlohmann-json3-dev locales)
   CHECK_PACKAGES=(clang:clang++ clang-format:clang-format clang-tidy:clang-tidy shellcheck:shellcheck libbenchmark-dev)
 }
 
@@ -47,4 +47,10 @@ install_packages() {
 install_clang_runtime() {
   compgen -G "$(clang++ -print-resource-dir)/lib/*/libclang_rt.fuzzer*.a" >/dev/null && return 0
   install_packages "libclang-rt-$(clang++ -dumpversion | cut -d. -f1)-dev"
+}
+
+# The OPC UA library, by packaging/open62541.sh. Without it the build goes on: online there is then only the
+# demonstration server.
+install_opcua() {
+  bash packaging/open62541.sh build/deps/open62541 || true
 }

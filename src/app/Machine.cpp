@@ -1,6 +1,7 @@
 #include "app/Machine.h"
 
 #include <array>
+#include <csignal>
 #include <filesystem>
 
 #include <fcntl.h>
@@ -50,7 +51,7 @@ Machine::Machine(Desktop& desktop, SettingsStore* settings, Wording wording, con
     : service_(UnitOf(OemBrand().serviceKey)),
       directory_(UseConfiguredCodePage(files_, applicationDirectory)),
       texts_(MakeTexts(wording, files_, directory_)),
-      programs_(directory_),
+      programs_(directory_, UnitOf(OemBrand().serviceKey)),
       opc_(MakeOpcServers(desktop, files_, directory_ + "Tavrin.INI")),
       around_{programs_, regional_, fileProperties_, service_, opc_.get()},
       services_{desktop,
@@ -79,6 +80,7 @@ void PrepareProcess() {
   int number = open("/dev/null", O_RDWR);
   while (number >= 0 && number <= STDERR_FILENO) number = open("/dev/null", O_RDWR);
   if (number > STDERR_FILENO) close(number);
+  std::signal(SIGCHLD, SIG_DFL);  // ignored, it would keep from this process how those that it runs have ended
   IgnoreFileSizeSignal();
 }
 

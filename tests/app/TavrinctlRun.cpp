@@ -43,25 +43,25 @@ struct Pipe {
   std::array<int, 2> ends{-1, -1};
 };
 
-/// Gives the child its surroundings; false when that is impossible.
-bool Enter(const Surroundings& surroundings) {
-  if (!surroundings.directory.empty() && chdir(surroundings.directory.c_str()) != 0) return false;
-  if (surroundings.fileSize) {
-    const rlimit limit{*surroundings.fileSize, *surroundings.fileSize};
+/// Gives the child its conditions; false when that is impossible.
+bool Enter(const RunConditions& conditions) {
+  if (!conditions.directory.empty() && chdir(conditions.directory.c_str()) != 0) return false;
+  if (conditions.fileSize) {
+    const rlimit limit{*conditions.fileSize, *conditions.fileSize};
     if (setrlimit(RLIMIT_FSIZE, &limit) != 0) return false;
   }
-  if (surroundings.unprivileged && geteuid() == 0 && (setgid(kNobody) != 0 || setuid(kNobody) != 0)) return false;
+  if (conditions.unprivileged && geteuid() == 0 && (setgid(kNobody) != 0 || setuid(kNobody) != 0)) return false;
   return true;
 }
 
-[[noreturn]] void BecomeProgram(const std::vector<char*>& words, const Surroundings& surroundings, const Pipe& out,
+[[noreturn]] void BecomeProgram(const std::vector<char*>& words, const RunConditions& conditions, const Pipe& out,
                                 const Pipe& err) {
-  const int file = surroundings.output.empty() ? out.ends[1] : open(surroundings.output.c_str(), O_WRONLY | O_CLOEXEC);
+  const int file = conditions.output.empty() ? out.ends[1] : open(conditions.output.c_str(), O_WRONLY | O_CLOEXEC);
   dup2(file, STDOUT_FILENO);
-  if (!surroundings.input.empty()) dup2(open(surroundings.input.c_str(), O_RDONLY | O_CLOEXEC), STDIN_FILENO);
+  if (!conditions.input.empty()) dup2(open(conditions.input.c_str(), O_RDONLY | O_CLOEXEC), STDIN_FILENO);
   dup2(err.ends[1], STDERR_FILENO);
   alarm(kSecondsAllowed);
-  if (Enter(surroundings)) execv(words.front(), words.data());
+  if (Enter(conditions)) execv(words.front(), words.data());
   _exit(kNotStarted);
 }
 
@@ -86,8 +86,8 @@ void ReadOutputs(const Pipe& out, const Pipe& err, ProgramRun& run) {
 
 }  // namespace
 
-ProgramRun CallTavrinctl(const std::vector<std::string>& arguments, const Surroundings& surroundings) {
-  std::vector<std::string> texts{surroundings.program};
+ProgramRun CallTavrinctl(const std::vector<std::string>& arguments, const RunConditions& conditions) {
+  std::vector<std::string> texts{conditions.program};
   texts.insert(texts.end(), arguments.begin(), arguments.end());
   std::vector<char*> words;
   for (std::string& text : texts) words.push_back(text.data());
@@ -97,7 +97,7 @@ ProgramRun CallTavrinctl(const std::vector<std::string>& arguments, const Surrou
   Pipe err;
   const pid_t child = fork();
   if (child < 0) throw std::runtime_error("no process");
-  if (child == 0) BecomeProgram(words, surroundings, out, err);
+  if (child == 0) BecomeProgram(words, conditions, out, err);
   out.CloseWriting();
   err.CloseWriting();
   ProgramRun run;

@@ -14,8 +14,8 @@ struct ProgramRun {
   std::string err;
 };
 
-/// In which surroundings a program runs.
-struct Surroundings {
+/// In which conditions a program runs.
+struct RunConditions {
   std::string directory{};                  ///< working directory; empty: that of the test
   std::optional<std::uint64_t> fileSize{};  ///< bytes that a file may have before writing fails as on a full disk
   bool unprivileged = false;                ///< as an ordinary user, whom file permissions bind
@@ -25,8 +25,7 @@ struct Surroundings {
 };
 
 /// Runs tavrinctl as a process of its own to its end; a run of more than two minutes is ended by a signal.
-[[nodiscard]] ProgramRun CallTavrinctl(const std::vector<std::string>& arguments,
-                                       const Surroundings& surroundings = {});
+[[nodiscard]] ProgramRun CallTavrinctl(const std::vector<std::string>& arguments, const RunConditions& conditions = {});
 
 /// The lines of a text without their line ends.
 [[nodiscard]] std::vector<std::string> LinesOf(const std::string& text);

@@ -59,8 +59,15 @@ struct SessionRun {
   ProgramRun run;
 };
 
-/// With the directory of the run as DIR/.
-std::string Transcript(const SessionRun& session) { return Told(session.run, session.directory.Path()); }
+/// With the directory of the run as DIR/ and that of the programs as APP/.
+std::string Transcript(const SessionRun& session) {
+  const std::string programs = fs::canonical(TAVRINCTL).parent_path().string() + "/";
+  std::string told = Told(session.run, session.directory.Path());
+  for (std::size_t at = told.find(programs); at != std::string::npos; at = told.find(programs)) {
+    told.replace(at, programs.size(), "APP/");
+  }
+  return told;
+}
 
 struct Sessions : testing::TestWithParam<std::string> {};
 

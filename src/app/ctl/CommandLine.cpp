@@ -12,6 +12,8 @@
 #include "app/ctl/Commands.h"
 #include "app/ctl/PlainText.h"
 #include "app/ctl/RunScript.h"
+#include "app/ctl/TestRun.h"
+#include "app/ctl/Watch.h"
 #include "platform/RuntimeError.h"
 
 namespace tavrin {
@@ -28,6 +30,8 @@ struct Request {
   std::string file;
   std::string directory;
   ScriptRequest script;
+  WatchRequest watch;
+  TestRequest test;
   std::function<ExitStatus(Host&)> command;
 };
 
@@ -64,6 +68,36 @@ void AddRun(CLI::App& app, Request& request) {
       [&request] { request.command = [&request](Host& host) { return RunScript(host, request.script); }; });
 }
 
+void AddWatch(CLI::App& app, Request& request) {
+  CLI::App* command =
+      app.add_subcommand("watch", "Print value, quality and time stamp of tags as the server tells them");
+  command->add_option("FILE", request.watch.file, "Root file of the project, usually ZOPCSRV.ini")->required();
+  command->add_option("TAGS", request.watch.items, "DEVICE/TAG, or DEVICE for all its tags")->required();
+  command->add_flag("--json", request.watch.json, "Print one JSON document a line");
+  command->add_flag("--demo", request.watch.demo, "Ask the demonstration server, TAGS being its items");
+  command->add_option("--seconds", request.watch.seconds, "End after so long")->check(CLI::PositiveNumber);
+  command->callback(
+      [&request] { request.command = [&request](Host& host) { return WatchTags(host, request.watch); }; });
+}
+
+void AddTest(CLI::App& app, Request& request) {
+  CLI::App* command = app.add_subcommand("test", "Run the test cycle of a device against the server");
+  command->add_option("FILE", request.test.file, "Root file of the project, usually ZOPCSRV.ini")->required();
+  command->add_option("DEVICE", request.test.device, "Name of the device")->required();
+  command->add_option("--runs", request.test.runs, "Cycles wanted")->check(CLI::PositiveNumber)->capture_default_str();
+  command->add_option("--interval", request.test.interval, "Milliseconds between two steps, and before the check")
+      ->check(CLI::PositiveNumber)
+      ->capture_default_str();
+  command->add_option("--timeout", request.test.timeout, "Seconds that one run may take")
+      ->check(CLI::PositiveNumber)
+      ->capture_default_str();
+  command->add_flag("--subscribe", request.test.subscribe, "Subscribe anew in every run");
+  command->add_flag("--no-check", request.test.noCheck, "Leave the partner's check out");
+  command->add_flag("--demo", request.test.demo, "Against the demonstration server");
+  command->callback(
+      [&request] { request.command = [&request](Host& host) { return RunDeviceTest(host, request.test); }; });
+}
+
 void Define(CLI::App& app, Request& request) {
   app.description("tavrinctl: the Tavrin editor without a window");
   app.footer(kFooter);
@@ -79,6 +113,8 @@ void Define(CLI::App& app, Request& request) {
              CheckProject);
   AddResave(app, request);
   AddRun(app, request);
+  AddWatch(app, request);
+  AddTest(app, request);
 }
 
 /// The status, unless what was printed has not reached its reader.

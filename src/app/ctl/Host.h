@@ -1,11 +1,19 @@
 #pragma once
 
+#include <chrono>
 #include <string>
+#include <thread>
 
 #include "app/Machine.h"
 #include "platform/headless/HeadlessDesktop.h"
 
 namespace tavrin {
+
+/// The desktop of a program on the command line: time passes.
+class ConsoleDesktop : public HeadlessDesktop {
+ public:
+  void Sleep(int milliseconds) override { std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds)); }
+};
 
 /// The machine for a run without a user: boxes are recorded, the files are the real ones. Sets the process-wide
 /// state up when it is made and back when it goes.
@@ -22,7 +30,7 @@ class Host {
   [[nodiscard]] bool LostWrites() const { return machine_.LostWrites(); }
 
  private:
-  HeadlessDesktop desktop_;
+  ConsoleDesktop desktop_;
   Machine machine_;
 };
 

@@ -52,6 +52,15 @@ void PrintLine(std::FILE* to, std::initializer_list<std::string_view> columns) {
   std::fputc('\n', to);
 }
 
+void AppendLine(std::string& to, std::initializer_list<std::string_view> columns) {
+  const char* separator = "";
+  for (const std::string_view column : columns) {
+    to.append(separator).append(ToUtf8(Escaped(column)));
+    separator = "\t";
+  }
+  to += '\n';
+}
+
 void Tell(std::string utf8) {
   std::replace_if(
       utf8.begin(), utf8.end(), [](unsigned char c) { return c < 0x20 || c == 0x7F; }, '?');

@@ -11,6 +11,9 @@ namespace tavrin {
 /// is printed as \xNN: it neither breaks the line nor reaches the terminal.
 void PrintLine(std::FILE* to, std::initializer_list<std::string_view> columns);
 
+/// The same line at the end of a text.
+void AppendLine(std::string& to, std::initializer_list<std::string_view> columns);
+
 /// Tells something about the run itself on standard error, behind the program's name. `utf8` is one line; control
 /// characters in it come out as "?". Nothing happens when there is no standard error.
 void Tell(std::string utf8);

@@ -25,11 +25,24 @@ void TypeText(Stage& stage, Words words);
 void ClearText(Stage& stage, Words words);
 void ChooseText(Stage& stage, Words words);
 
+// ---- in a list with boxes (ListGestures.cpp)
+void TickRow(Stage& stage, Words words);
+void UntickRow(Stage& stage, Words words);
+
 // ---- with the window (WindowGestures.cpp)
 void ResizeWindow(Stage& stage, Words words);
 void MoveWindow(Stage& stage, Words words);
 void ChangeState(Stage& stage, Words words);
 void DropFile(Stage& stage, Words words);
 void CloseWindow(Stage& stage, Words words);
+
+// ---- what is around the program and no user's doing (Around.cpp)
+void SetPrograms(Stage& stage, Words words);
+void SetService(Stage& stage, Words words);
+void SetClock(Stage& stage, Words words);
+void ElapseTimer(Stage& stage, Words words);
+// ... and its OPC server (SessionServers.cpp)
+void SetServer(Stage& stage, Words words);
+void ChangeData(Stage& stage, Words words);
 
 }  // namespace tavrin

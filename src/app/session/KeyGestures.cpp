@@ -19,6 +19,7 @@ constexpr std::array kKeys{KeyName{"Enter", Key::Enter}, KeyName{"Escape", Key::
                            KeyName{"Delete", Key::Delete}, KeyName{"F2", Key::F2}};
 
 constexpr std::string_view kBackwards = "Shift+Tab";
+constexpr std::string_view kSpace = "Space";
 
 template <class... Kinds>
 bool IsOneOf(const Control& control) {
@@ -61,9 +62,13 @@ bool PressInGrid(Grid& grid, Key key) {
 bool PressInWindow(Stage& stage, Key key) {
   if (auto* const grid = Focused<Grid>(stage); grid != nullptr && PressInGrid(*grid, key)) return true;
   if (auto* const tree = Focused<Tree>(stage); tree != nullptr && tree->UserKey(key)) return true;
-  Button* const button = ButtonOf(stage, key);
-  if (button != nullptr) button->UserClick();
-  return button != nullptr;
+  if (Button* const button = ButtonOf(stage, key)) {
+    button->UserClick();
+    return true;
+  }
+  if (key != Key::Escape || stage.Window().Arrangement().empty()) return false;
+  stage.Window().UserClose();  // a dialog without a cancel button
+  return true;
 }
 
 /// The entry of a shortcut that is below the menus; nullptr when there is none.
@@ -95,6 +100,22 @@ void GoToNextCell(Stage& stage, bool backwards = false) {
   grid->UserTab(backwards);
 }
 
+template <class Kind>
+bool ClickFocused(const Stage& stage) {
+  auto* const focused = Focused<Kind>(stage);
+  if (focused != nullptr) focused->UserClick();
+  return focused != nullptr;
+}
+
+/// Ticks the current row of a list or presses what has the keyboard. @return false when the key means nothing there
+bool PressSpace(const Stage& stage) {
+  if (auto* const list = Focused<ListView>(stage); list != nullptr && list->Current() >= 0) {
+    list->UserCheck(list->Current(), !list->Item(list->Current()).checked);
+    return true;
+  }
+  return ClickFocused<CheckBox>(stage) || ClickFocused<Button>(stage) || ClickFocused<RadioButton>(stage);
+}
+
 void TypeOne(Stage& stage, const std::string& text) {
   if (auto* const tree = Focused<Tree>(stage); tree != nullptr && tree->LabelEdit()) return TypeIntoLabel(*tree, text);
   if (auto* const box = Focused<TextBox>(stage)) return box->UserType(text);
@@ -110,7 +131,7 @@ void TypeOne(Stage& stage, const std::string& text) {
 void FocusControl(Stage& stage, Words words) {
   Control& control = FindControl(stage, words);
   CheckUsable(control);
-  if (!IsOneOf<Grid, Tree, Button, CheckBox, RadioButton, TextBox>(control))
+  if (!IsOneOf<Grid, Tree, ListView, ListBox, Button, CheckBox, RadioButton, TextBox>(control))
     throw Refusal{NameOf(control) + " does not take the keyboard"};
   control.UserFocus();
 }
@@ -123,8 +144,13 @@ void SelectByKeys(Stage& stage, Words words) {
     tree->UserFocus();
     return tree->UserSelect(node);
   }
+  if (auto* const list = dynamic_cast<ListView*>(&control); list != nullptr && words.size() == 2) {
+    return list->UserSelect(FindRow(*list, words[1]));
+  }
   auto* const grid = dynamic_cast<Grid*>(&control);
-  if (grid == nullptr || words.size() % 2 == 0) throw Refusal{"wanted: a tree and a node, or a grid, rows and columns"};
+  if (grid == nullptr || words.size() % 2 == 0) {
+    throw Refusal{"wanted: a tree and a node, a list and the text of a row, or a grid, rows and columns"};
+  }
   const Cell cell = FindSeenCell(*grid, words[1], words[2]);
   const Cell end = words.size() > 3 ? FindSeenCell(*grid, words[3], words[4]) : cell;
   if (grid->IsFixed(cell) || grid->IsFixed(end)) throw Refusal{"a fixed cell cannot be selected by keys"};
@@ -135,6 +161,7 @@ void SelectByKeys(Stage& stage, Words words) {
 void PressKey(Stage& stage, Words words) {
   const std::string& keys = words[0];
   if (EqualIgnoringCase(keys, kBackwards)) return GoToNextCell(stage, true);
+  if (EqualIgnoringCase(keys, kSpace) && PressSpace(stage)) return;
   const auto* const named = std::find_if(kKeys.begin(), kKeys.end(),
                                          [&](const KeyName& known) { return EqualIgnoringCase(known.name, keys); });
   if (named != kKeys.end() && PressInWindow(stage, named->key)) return;

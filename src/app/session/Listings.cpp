@@ -3,6 +3,8 @@
 
 #include "app/session/Reach.h"
 #include "app/session/Subjects.h"
+#include "platform/CodePage.h"
+#include "platform/controls/Picture.h"
 
 namespace tavrin {
 
@@ -52,12 +54,36 @@ void PrintMenuBar(Stage& stage, Words) {
   }
 }
 
+void PrintRows(Transcript& transcript, const ListView& list) {
+  for (const ListItem& item : list.Items()) {
+    transcript.Tell("row " + Quoted(item.text) + " " + ToUtf8(item.icon) + (item.checked ? " ticked" : ""));
+  }
+}
+
+void PrintList(Stage& stage, Words words) {
+  const Control& control = FindControl(stage, words);
+  CheckUsable(control);
+  if (const auto* const list = dynamic_cast<const ListView*>(&control)) return PrintRows(stage.transcript, *list);
+  for (const std::string& line : FindListBox(stage, words[0]).Lines()) stage.transcript.Tell("line", line);
+}
+
+/// What a control of a dialog shows at first sight.
+std::string ShownOn(const Control& control) {
+  if (const auto* const grid = dynamic_cast<const Grid*>(&control)) return "rows " + std::to_string(grid->Rows());
+  if (const auto* const list = dynamic_cast<const ListView*>(&control)) return "rows " + std::to_string(list->Count());
+  if (const auto* const list = dynamic_cast<const ListBox*>(&control)) {
+    return "lines " + std::to_string(list->Lines().size());
+  }
+  if (const auto* const picture = dynamic_cast<const Picture*>(&control)) return "picture " + ToUtf8(picture->Image());
+  return Quoted(CaptionOf(control));
+}
+
 /// A dialog row by row: what a user sees of it.
 void PrintDialog(Stage& stage, Words) {
   for (const auto& row : stage.Window().Arrangement()) {
     for (const Control* control : row) {
       if (control == nullptr || !control->Visible()) continue;
-      std::string line = NameOf(*control) + " " + Quoted(CaptionOf(*control));
+      std::string line = NameOf(*control) + " " + ShownOn(*control);
       if (CheckMark(*control).value_or(false)) line += " checked";
       if (!control->Enabled()) line += " disabled";
       stage.transcript.Tell(line);
@@ -68,6 +94,7 @@ void PrintDialog(Stage& stage, Words) {
 constexpr std::array kListings{
     Listing{"grid", "GRID", "all rows of a grid on show, without hidden columns", PrintGrid},
     Listing{"tree", "TREE", "all nodes of a tree that are not in a closed one", PrintTree},
+    Listing{"list", "LIST", "all rows or lines of a list on show", PrintList},
     Listing{"menubar", "", "the menus of the menu bar", PrintMenuBar},
     Listing{"menu", "CONTROL NUMBER", "opens a menu and prints its entries", PrintMenu},
     Listing{"dialog", "", "the controls of a dialog", PrintDialog},

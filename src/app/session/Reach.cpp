@@ -86,6 +86,25 @@ Tree& FindTree(const Stage& stage, const std::string& name) {
   return *tree;
 }
 
+ListView& FindListView(const Stage& stage, const std::string& name) {
+  ListView* list = FindKind<ListView>(stage, Words(&name, 1));
+  if (list == nullptr) throw Refusal{ToUtf8(name) + " is no list with boxes"};
+  return *list;
+}
+
+ListBox& FindListBox(const Stage& stage, const std::string& name) {
+  ListBox* list = FindKind<ListBox>(stage, Words(&name, 1));
+  if (list == nullptr) throw Refusal{ToUtf8(name) + " is no list of lines"};
+  return *list;
+}
+
+int FindRow(const ListView& list, const std::string& text) {
+  const auto& items = list.Items();
+  const auto found = std::find_if(items.begin(), items.end(), [&](const ListItem& item) { return item.text == text; });
+  if (found == items.end()) throw Refusal{NameOf(list) + " has no row " + Quoted(text)};
+  return static_cast<int>(found - items.begin());
+}
+
 void CheckUsable(const Control& control) {
   if (!control.Visible()) throw Refusal{NameOf(control) + " is not on show"};
   if (!control.Enabled()) throw Refusal{NameOf(control) + " is disabled"};

@@ -5,6 +5,8 @@
 
 #include "app/session/Stage.h"
 #include "platform/controls/Grid.h"
+#include "platform/controls/ListBox.h"
+#include "platform/controls/ListView.h"
 #include "platform/controls/MenuEntry.h"
 #include "platform/controls/Tree.h"
 
@@ -26,6 +28,11 @@ template <class Kind>
 }
 [[nodiscard]] Grid& FindGrid(const Stage& stage, const std::string& name);
 [[nodiscard]] Tree& FindTree(const Stage& stage, const std::string& name);
+
+[[nodiscard]] ListView& FindListView(const Stage& stage, const std::string& name);
+[[nodiscard]] ListBox& FindListBox(const Stage& stage, const std::string& name);
+/// The row of a list by its text.
+[[nodiscard]] int FindRow(const ListView& list, const std::string& text);
 
 /// Refuses a control that is hidden or disabled.
 void CheckUsable(const Control& control);

@@ -55,7 +55,7 @@ void Session::Fail(const std::string& message) {
 
 void Session::TellChanges() {
   // A program that has ended shows nothing any more. Its modal windows are left first.
-  if (stage_.desktop.ended) {
+  if (stage_.desktop.Ended()) {
     if (watchers_.size() > 1) return;
     watchers_.clear();
     return stage_.Finish();
@@ -71,8 +71,8 @@ void Session::PlayModal(Form& form) {
   stage_.Enter(form);
   watchers_.push_back(std::make_unique<Watcher>(form));
   TellChanges();
-  while (form.Visible() && MayGoOn() && !stage_.desktop.ended) RunLine();
-  if (form.Visible() && !fault_ && !stage_.desktop.ended)
+  while (form.Visible() && MayGoOn() && !stage_.desktop.Ended()) RunLine();
+  if (form.Visible() && !fault_ && !stage_.desktop.Ended())
     Fail("the script ends while a window is open: " + form.Name());
   watchers_.pop_back();
   stage_.Leave();

@@ -51,6 +51,10 @@ std::string SessionDesktop::AskFolder(std::string_view title) {
   return TakePath(Dialog::Folder, "folder dialog ", title).value_or(std::string());
 }
 
+void SessionDesktop::Sleep(int milliseconds) {
+  transcript_.Tell("the program stands still for " + std::to_string(milliseconds) + " ms");
+}
+
 std::optional<std::string> SessionDesktop::TakePath(Dialog dialog, std::string_view what, std::string_view text) {
   const std::string asked = std::string(what) + Quoted(text);
   const bool answered = !paths_.empty() && (paths_.front().dialog == dialog || paths_.front().dialog == Dialog::Either);

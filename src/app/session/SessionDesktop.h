@@ -35,9 +35,6 @@ class SessionDesktop : public HeadlessDesktop {
   [[nodiscard]] std::deque<std::string>& RecentQuestions() { return recentQuestions_; }
   void Forget();
 
-  /// The program has ended. Taken back when it is started again.
-  bool ended = false;
-
   /// Told of what nobody had an answer for.
   std::function<void(const std::string& message)> OnUnexpected;
 
@@ -45,8 +42,9 @@ class SessionDesktop : public HeadlessDesktop {
   [[nodiscard]] bool AskYesNo(std::string_view text) override;
   [[nodiscard]] std::optional<std::string> AskOpenFile(const OpenFileRequest& request) override;
   [[nodiscard]] std::string AskFolder(std::string_view title) override;
+  /// Told; time does not pass.
+  void Sleep(int milliseconds) override;
   void Pointer(MousePointer) override {}
-  void EndProcess() override { ended = true; }
 
  private:
   struct YesNo {

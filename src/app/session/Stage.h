@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "app/session/SessionDesktop.h"
+#include "app/session/SessionServers.h"
 #include "app/session/Transcript.h"
 #include "model/shared/modMain.h"
 #include "platform/headless/HeadlessSurroundings.h"
@@ -49,6 +50,7 @@ class Stage {
   SessionDesktop desktop;
   /// What the program starts is recorded; clock and habits are the same everywhere.
   HeadlessSurroundings around;
+  SessionServers servers;
   /// The popup menu that is open, nullptr when none is.
   MenuEntry* popup = nullptr;
   /// Number of the line that is being done.

@@ -66,6 +66,27 @@ std::string FocusName(Stage& stage, Words) {
   return control == nullptr ? std::string() : NameOf(*control);
 }
 
+/// Rows of a grid with the heading, or of a list, which has none.
+int RowCount(const Stage& stage, Words words) {
+  const auto* const list = FindKind<ListView>(stage, words);
+  return list == nullptr ? FindGrid(stage, words[0]).Rows() : list->Count();
+}
+
+std::string CurrentPlace(Stage& stage, Words words) {
+  const auto* const list = FindKind<ListView>(stage, words);
+  return list == nullptr ? CurrentCell(FindGrid(stage, words[0])) : CurrentRow(*list);
+}
+
+std::string LineText(Stage& stage, Words words) {
+  const ListBox& list = FindListBox(stage, words[0]);
+  const int number = NumberOf(words[1]);
+  const auto& lines = list.Lines();
+  if (number < 1 || number > static_cast<int>(lines.size())) {
+    throw Refusal{NameOf(list) + " has no line " + words[1]};
+  }
+  return lines[static_cast<std::size_t>(number - 1)];
+}
+
 constexpr std::array kSubjects{
     Subject{"window", "", "name of the window in front", [](Stage& s, Words) { return s.Window().Name(); }},
     Subject{"caption", "", "its caption", [](Stage& s, Words) { return s.Window().Caption(); }},
@@ -84,15 +105,28 @@ constexpr std::array kSubjects{
     Subject{"checked", "CONTROL [NUMBER]", "yes or no, of a check box, radio button or menu entry",
             [](Stage& s, Words w) { return YesOrNo(MarkOf(Seen(s, w))); }},
     Subject{"node", "TREE", "path of the selected node", SelectedPath},
-    Subject{"rows", "GRID", "number of the rows, with the heading",
-            [](Stage& s, Words w) { return std::to_string(FindGrid(s, w[0]).Rows()); }},
+    Subject{"rows", "CONTROL", "number of the rows of a list, or of a grid with its heading",
+            [](Stage& s, Words w) { return std::to_string(RowCount(s, w)); }},
     Subject{"cell", "GRID ROW COL", "text of a cell",
             [](Stage& s, Words w) {
               const Grid& grid = FindGrid(s, w[0]);
               return grid.Text(FindCell(grid, w[1], w[2]));
             }},
-    Subject{"current", "GRID", "row and column of the current cell, and of the other end of the selection",
-            [](Stage& s, Words w) { return CurrentCell(FindGrid(s, w[0])); }},
+    Subject{"current", "CONTROL",
+            "text of the current row of a list; row and column of a grid's current cell and of the selection's end",
+            CurrentPlace},
+    Subject{"ticked", "LIST", "the texts of the rows that are ticked, joined by |",
+            [](Stage& s, Words w) { return TickedRows(FindListView(s, w[0])); }},
+    Subject{"icon", "LIST TEXT", "key of the picture of the row that has the text",
+            [](Stage& s, Words w) {
+              const ListView& list = FindListView(s, w[0]);
+              return list.Item(FindRow(list, w[1])).icon;
+            }},
+    Subject{"header", "LIST", "text above the column of a list",
+            [](Stage& s, Words w) { return FindListView(s, w[0]).HeaderText(); }},
+    Subject{"lines", "LIST", "number of the lines of a list of lines",
+            [](Stage& s, Words w) { return std::to_string(FindListBox(s, w[0]).Lines().size()); }},
+    Subject{"line", "LIST NUMBER", "text of such a line, counted from 1", LineText},
     Subject{"font", "CONTROL", "points of the letters of a grid or a tree",
             [](Stage& s, Words w) {
               if (const auto* const tree = FindKind<Tree>(s, w)) return fmt::format("{}", tree->FontSize());
@@ -153,6 +187,21 @@ std::string CurrentCell(const Grid& grid) {
   const Cell end = grid.SelectionEnd();
   const std::string cell = fmt::format("{} {}", grid.Row(), grid.Col());
   return end == grid.Current() ? cell : cell + fmt::format(" {} {}", end.row, end.col);
+}
+
+std::string CurrentRow(const ListView& list) {
+  return list.Current() < 0 ? std::string() : list.Item(list.Current()).text;
+}
+
+std::string TickedRows(const ListView& list) {
+  std::string texts;
+  bool first = true;
+  for (const ListItem& item : list.Items()) {
+    if (!item.checked) continue;
+    texts += (first ? "" : "|") + item.text;
+    first = false;
+  }
+  return texts;
 }
 
 std::optional<std::string> OpenEdit(const Control& control) {

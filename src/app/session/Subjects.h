@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "app/session/Stage.h"
+#include "platform/controls/ListView.h"
 
 namespace tavrin {
 
@@ -40,6 +41,10 @@ void PrintEntries(Transcript& transcript, const MenuEntry& menu);
 [[nodiscard]] std::string NamesOnShow(const Form& form);
 /// The current cell as "ROW COL", and the selected rectangle as "ROW COL ROW COL" when there is more than one cell.
 [[nodiscard]] std::string CurrentCell(const Grid& grid);
+/// The text of the current row, empty when there is none.
+[[nodiscard]] std::string CurrentRow(const ListView& list);
+/// The texts of the ticked rows, joined by "|".
+[[nodiscard]] std::string TickedRows(const ListView& list);
 /// The text of the edit that is open in a control; nothing when none is.
 [[nodiscard]] std::optional<std::string> OpenEdit(const Control& control);
 /// The words on a control as they are shown. @throws Refusal for one without

@@ -44,8 +44,20 @@ void GridWatch::TellChanges(Transcript& transcript, bool wasSeen) {
   renewed_ = false;
 }
 
+void LinesWatch::TellChanges(Transcript& transcript) {
+  const auto& lines = list_.Lines();
+  if (lines.size() < told_) {
+    transcript.Tell("lines " + NameOf(list_), std::to_string(lines.size()));
+    told_ = 0;
+  }
+  for (; told_ < lines.size(); ++told_) {
+    transcript.Tell("line " + NameOf(list_) + " " + std::to_string(told_ + 1), lines[told_]);
+  }
+}
+
 Watcher::Watcher(Form& form) : form_(form) {
   for (Control* control : form.Controls()) {
+    if (auto* const list = dynamic_cast<ListBox*>(control)) lists_.emplace_back(*list);
     if (auto* const grid = dynamic_cast<Grid*>(control)) grids_.push_back(std::make_unique<GridWatch>(*grid));
   }
 }
@@ -67,6 +79,7 @@ void Watcher::TellChanges(Transcript& transcript) {
     const std::string rows = "rows " + NameOf(watch->Watched());
     watch->TellChanges(transcript, !isOther && seen_.contains(rows) && now.contains(rows));
   }
+  for (LinesWatch& watch : lists_) watch.TellChanges(transcript);
   seen_ = std::move(now);
 }
 
@@ -75,6 +88,7 @@ Watcher::Facets Watcher::Look() const {
   if (const Control* const focused = form_.FocusedControl()) facets["focus"] = NameOf(*focused);
   if (form_.Arrangement().empty()) facets[kShown] = NamesOnShow(form_);
   LookAtGrids(facets);
+  LookAtLists(facets);
   LookAtButtons(facets);
   return facets;
 }
@@ -92,6 +106,18 @@ void Watcher::LookAtGrids(Facets& facets) const {
       facets["node " + name] = PathOf(*tree->SelectedItem());
     }
     if (const auto edit = OpenEdit(*control)) facets["edit " + name] = *edit;
+  }
+}
+
+void Watcher::LookAtLists(Facets& facets) const {
+  for (const Control* control : form_.Controls()) {
+    const auto* const list = dynamic_cast<const ListView*>(control);
+    if (list == nullptr || !control->Visible()) continue;
+    const std::string name = NameOf(*control);
+    facets["header " + name] = list->HeaderText();
+    facets["rows " + name] = std::to_string(list->Count());
+    facets["current " + name] = CurrentRow(*list);
+    facets["ticked " + name] = TickedRows(*list);
   }
 }
 

@@ -7,6 +7,7 @@
 
 #include "app/session/Stage.h"
 #include "platform/controls/Grid.h"
+#include "platform/controls/ListBox.h"
 
 namespace tavrin {
 
@@ -41,6 +42,18 @@ class GridWatch : public GridListener {
   bool renewed_ = false;
 };
 
+/// Notes which lines of a list have been told.
+class LinesWatch {
+ public:
+  explicit LinesWatch(const ListBox& list) : list_(list) {}
+  /// Tells the lines that have come since the last call, and that the list has become shorter.
+  void TellChanges(Transcript& transcript);
+
+ private:
+  const ListBox& list_;
+  std::size_t told_ = 0;
+};
+
 /// Follows one window and tells what the user sees change in it. The words are those of the subjects, so that a line of
 /// a transcript can be taken into a script.
 class Watcher {
@@ -53,10 +66,12 @@ class Watcher {
   using Facets = std::map<std::string, std::string>;  // subject with its arguments, text
   [[nodiscard]] Facets Look() const;
   void LookAtGrids(Facets& facets) const;
+  void LookAtLists(Facets& facets) const;
   void LookAtButtons(Facets& facets) const;
 
   Form& form_;
   std::vector<std::unique_ptr<GridWatch>> grids_;
+  std::vector<LinesWatch> lists_;
   Facets seen_;
 };
 

@@ -108,6 +108,10 @@ TEST_F(SessionTest, TheMainWindowCannotBeReachedWhileAModalOneIsOpen) {
   EXPECT_EQ(Run({"start", "click mnuExtras 12"}), "2: the script ends while a window is open: frmOptions");
 }
 
+TEST_F(SessionTest, EscapeClosesADialogWithoutACancelButton) {
+  EXPECT_EQ(Run({"start", "click mnuHelp 2", "expect window frmInfo", "key Escape", "expect window frmOPC"}), "");
+}
+
 TEST_F(SessionTest, EnterAndEscapePressTheButtonsOfADialog) {
   EXPECT_EQ(Run({"start", "click mnuExtras 12", "click chkMessageBoxOnSave", "key Escape", "click mnuExtras 12",
                  "expect checked chkMessageBoxOnSave yes", "click chkMessageBoxOnSave", "key enter",
