@@ -40,7 +40,7 @@ struct Language {
   const char* file;
 };
 
-std::string ReadFile(const fs::path& file) {
+[[maybe_unused]] std::string ReadFile(const fs::path& file) {
   std::ifstream in(file, std::ios::binary);
   return {std::istreambuf_iterator<char>(in), {}};
 }
