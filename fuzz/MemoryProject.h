@@ -13,6 +13,7 @@
 #include "model/shared/cWarnings.h"
 #include "model/shared/modMain.h"
 #include "platform/headless/HeadlessDesktop.h"
+#include "platform/headless/HeadlessSurroundings.h"
 #include "platform/headless/MemorySettings.h"
 #include "platform/profile/ProfiledFiles.h"
 
@@ -53,7 +54,8 @@ class MemoryProject {
   NumberTexts texts_;
   LengthSyntax syntax_;
   MemorySettings settings_;
-  Services services_{desktop_, files_, files_, registry_, texts_, syntax_, settings_, {}};
+  HeadlessSurroundings around_;
+  Services services_{desktop_, files_, files_, registry_, texts_, syntax_, settings_, around_.all, {}};
 };
 
 }  // namespace tavrin

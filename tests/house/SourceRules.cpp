@@ -23,7 +23,6 @@ struct Layer {
 constexpr std::string_view kEverything = "*";
 constexpr std::string_view kPlatform = "platform platform/controls";
 constexpr std::string_view kModel = "model platform platform/controls";
-constexpr std::string_view kEditing = "editing model platform platform/controls";
 
 constexpr std::array kLayers{
     Layer{"platform", ""},
