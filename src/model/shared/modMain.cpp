@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <new>
 #include <optional>
 
 #include <fmt/format.h>
@@ -10,6 +9,7 @@
 #include "model/cDevice.h"
 #include "model/cNetwork.h"
 #include "model/cOPC.h"
+#include "model/shared/ErrorInFlight.h"
 #include "model/shared/RightPane.h"
 #include "model/shared/cWarnings.h"
 #include "model/shared/modText.h"
@@ -44,18 +44,6 @@ std::optional<std::array<double, 4>> AddressPieces(std::string_view address) {
     address.remove_prefix(point == std::string_view::npos ? address.size() : point + 1);
   }
   return numbers;
-}
-
-ErrorNumber NumberOfErrorInFlight() {
-  try {
-    throw;
-  } catch (const RuntimeError& error) {
-    return error.Number();
-  } catch (const std::bad_alloc&) {
-    return ErrorNumber::OutOfMemory;
-  } catch (...) {
-    return ErrorNumber::InternalError;
-  }
 }
 
 }  // namespace
